@@ -1,0 +1,1 @@
+# Placeholder of the install rules: headers, targets and the exported package.

@@ -1,0 +1,66 @@
+// How the library tells a failure: a number, a source and a description, thrown as `Error`.
+//
+//   try { list->LoadEmployees(); }
+//   catch (const ledgerwick::Error& e) { log(e.Number(), e.Source(), e.Description()); }
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+
+#include "ledgerwick/export.h"
+
+namespace ledgerwick {
+
+// The one exception type of the library.
+class LEDGERWICK_API Error : public std::exception {
+  public:
+    Error(std::int32_t number, std::string source, std::string description);
+    ~Error() override;
+
+    std::int32_t Number() const noexcept { return number_; }
+    // The operation that failed, or a path of operations joined with "|".
+    const std::string& Source() const noexcept { return source_; }
+    const std::string& Description() const noexcept { return description_; }
+
+    // "Error 9909 in AECalcR_PRP: Invalid Pay Period (0)."
+    const char* what() const noexcept override { return text_.c_str(); }
+
+  private:
+    std::int32_t number_;
+    std::string source_;
+    std::string description_;
+    std::string text_;
+};
+
+// The numbers of failures that are not a rule of the payroll but of the values themselves. The
+// numbers are the classic ones of the hosts that load this library.
+namespace error_number {
+inline constexpr std::int32_t invalidCall = 5;
+inline constexpr std::int32_t overflow = 6;
+inline constexpr std::int32_t subscriptOutOfRange = 9;
+inline constexpr std::int32_t divisionByZero = 11;
+inline constexpr std::int32_t typeMismatch = 13;
+inline constexpr std::int32_t fileNotFound = 53;
+inline constexpr std::int32_t fileError = 57;
+inline constexpr std::int32_t objectNotSet = 91;
+inline constexpr std::int32_t invalidUseOfNull = 94;
+inline constexpr std::int32_t cannotCreateObject = 429;
+inline constexpr std::int32_t noSuchMember = 438;
+inline constexpr std::int32_t duplicateKey = 457;
+inline constexpr std::int32_t updateWithoutEdit = 3020;
+inline constexpr std::int32_t noCurrentRecord = 3021;
+inline constexpr std::int32_t readOnly = 3027;
+inline constexpr std::int32_t statementError = 3075;
+inline constexpr std::int32_t databaseError = 3146;
+inline constexpr std::int32_t noSuchItem = 3265;
+inline constexpr std::int32_t objectClosed = 3420;
+}  // namespace error_number
+
+// Throws the Error with that number. The description is the number's own text, followed by
+// ": " and `detail` when there is one.
+[[noreturn]] LEDGERWICK_API void raise(std::int32_t number, std::string_view source,
+                                       std::string_view detail = {});
+
+}  // namespace ledgerwick

@@ -1,0 +1,28 @@
+// The common base of everything that a host can hold by reference, or hand over as an object.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "ledgerwick/export.h"
+
+namespace ledgerwick {
+
+// An object that may travel in a Variant or through `Identify`. Held by std::shared_ptr; a null
+// pointer is the empty reference.
+class LEDGERWICK_API Object {
+  public:
+    virtual ~Object();
+
+    // The name of the object's class, as a host would write it: "CEmployeeList", "Label".
+    virtual std::string_view TypeName() const noexcept = 0;
+
+  protected:
+    Object() = default;
+    Object(const Object&) = default;
+    Object& operator=(const Object&) = default;
+};
+
+using ObjectRef = std::shared_ptr<Object>;
+
+}  // namespace ledgerwick

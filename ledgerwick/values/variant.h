@@ -1,0 +1,155 @@
+// A value of any kind, as a database field or a host hands it over.
+//
+// A Variant is 16 bytes and holds short texts in place, so that copying a pay row's fields costs no
+// allocation. Empty (never written), Null (a database's "no value") and the empty string are three
+// different things.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ledgerwick/export.h"
+#include "ledgerwick/values/currency.h"
+#include "ledgerwick/values/date.h"
+#include "ledgerwick/values/object.h"
+
+namespace ledgerwick {
+
+class VariantArray;
+
+enum class VariantKind : std::uint8_t {
+    Empty,
+    Null,
+    Boolean,
+    Int16,
+    Int32,
+    Int64,
+    Single,
+    Double,
+    Currency,
+    Date,
+    Text,
+    Array,
+    Object,
+};
+
+struct NullValue {};
+inline constexpr NullValue Null{};
+
+class LEDGERWICK_API Variant {
+  public:
+    Variant() noexcept;  // Empty
+    Variant(NullValue) noexcept;
+    Variant(bool value) noexcept;
+    Variant(std::int16_t value) noexcept;
+    Variant(std::int32_t value) noexcept;
+    Variant(std::int64_t value) noexcept;
+    Variant(float value) noexcept;
+    Variant(double value) noexcept;
+    Variant(Currency value) noexcept;
+    Variant(Date value) noexcept;
+    Variant(std::string_view value);
+    Variant(const std::string& value);
+    Variant(const char* value);
+    Variant(VariantArray value);
+    // An object, or with a null pointer the null object, which is not the same as Empty.
+    Variant(ObjectRef value);
+
+    Variant(const Variant& other);  // an array is copied whole
+    Variant(Variant&& other) noexcept;
+    Variant& operator=(const Variant& other);
+    Variant& operator=(Variant&& other) noexcept;
+    ~Variant();
+
+    VariantKind kind() const noexcept { return static_cast<VariantKind>(bytes_[0]); }
+    bool isEmpty() const noexcept { return kind() == VariantKind::Empty; }
+    bool isNull() const noexcept { return kind() == VariantKind::Null; }
+    bool isArray() const noexcept { return kind() == VariantKind::Array; }
+    bool isObject() const noexcept { return kind() == VariantKind::Object; }
+    // A number of any kind, a boolean or a date, or a text that reads as a number.
+    bool isNumeric() const;
+
+    // Conversions to a typed value.
+    // Shape:  Empty reads as 0, False, the zero date or the empty string. Halves go to the even
+    //         neighbour. True is -1. A text is read as a number, with thousands commas allowed.
+    // Errors: 94 for Null, 13 for a text that does not read so, an array or an object, 6 when the
+    //         value does not fit. `source` is the source of such an error.
+    bool toBoolean(std::string_view source = "Variant") const;
+    std::int16_t toInt16(std::string_view source = "Variant") const;
+    std::int32_t toInt32(std::string_view source = "Variant") const;
+    std::int64_t toInt64(std::string_view source = "Variant") const;
+    float toSingle(std::string_view source = "Variant") const;
+    double toDouble(std::string_view source = "Variant") const;
+    Currency toCurrency(std::string_view source = "Variant") const;
+    Date toDate(std::string_view source = "Variant") const;
+    // Numbers in plain decimal, booleans as "True" and "False", dates day first.
+    std::string toText(std::string_view source = "Variant") const;
+
+    // The object held.
+    // Errors: 13 when the Variant holds no object. A null object is returned as a null pointer.
+    const ObjectRef& toObject(std::string_view source = "Variant") const;
+
+    // The array held.
+    // Errors: 13 when the Variant holds no array.
+    VariantArray& array(std::string_view source = "Variant");
+    const VariantArray& array(std::string_view source = "Variant") const;
+
+    // The text held, in place. Only for kind Text; valid until the Variant changes.
+    std::string_view textView() const noexcept;
+
+    // Same kind and same value; Null equals Null here. Arrays are compared element by element.
+    friend LEDGERWICK_API bool operator==(const Variant& a, const Variant& b);
+
+  private:
+    // Byte 0 is the kind, byte 1 the length of a text held in place (255: the text is on the heap),
+    // bytes 2 to 15 such a text. Every other value, pointers included, stands in bytes 8 to 15.
+    static constexpr std::size_t inlineCapacity = 14;
+    alignas(8) unsigned char bytes_[16];
+};
+
+// An array of one or two dimensions with bounds of its own: (1 To 13), (1 To 8, 1 To n).
+class LEDGERWICK_API VariantArray {
+  public:
+    VariantArray() = default;
+    // One dimension, `lower` To `upper`; none when `upper` is `lower` - 1.
+    VariantArray(std::int32_t lower, std::int32_t upper);
+    // Two dimensions.
+    VariantArray(std::int32_t lower1, std::int32_t upper1, std::int32_t lower2,
+                 std::int32_t upper2);
+
+    int dimensions() const noexcept { return twoDimensional_ ? 2 : 1; }
+    // Bounds of dimension 1 or 2.
+    // Errors: 9 for a dimension that the array does not have.
+    std::int32_t lowerBound(int dimension = 1) const;
+    std::int32_t upperBound(int dimension = 1) const;
+
+    // An element. The reference lives until the array is resized.
+    // Errors: 9 outside the bounds, or with the wrong number of indexes.
+    Variant& at(std::int32_t index);
+    const Variant& at(std::int32_t index) const;
+    Variant& at(std::int32_t index1, std::int32_t index2);
+    const Variant& at(std::int32_t index1, std::int32_t index2) const;
+
+    // Moves the upper bound of the last dimension and keeps what is there; new elements are Empty.
+    // Errors: 9 below the lower bound minus 1.
+    void resizeLast(std::int32_t upper);
+    // Removes one element of a one-dimensional array; the upper bound falls by one.
+    void erase(std::int32_t index);
+
+    std::size_t size() const noexcept { return items_.size(); }
+    friend LEDGERWICK_API bool operator==(const VariantArray& a, const VariantArray& b);
+
+  private:
+    std::size_t offset(std::int32_t index) const;
+    std::size_t offset(std::int32_t index1, std::int32_t index2) const;
+
+    bool twoDimensional_ = false;
+    std::int32_t lower1_ = 0, upper1_ = -1;
+    std::int32_t lower2_ = 0, upper2_ = -1;
+    std::vector<Variant> items_;  // first index fastest, so that the last dimension grows in place
+};
+
+}  // namespace ledgerwick
