@@ -1,0 +1,20 @@
+// Ledgerwick, the payroll object library: the one include of a host.
+#pragma once
+
+#include "ledgerwick/autoenrol/ae_letter_detail.h"
+#include "ledgerwick/autoenrol/auto_enrol_status.h"
+#include "ledgerwick/calendar/pr_functions.h"
+#include "ledgerwick/employee/employee.h"
+#include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/employee/pr_reports.h"
+#include "ledgerwick/employment/employment.h"
+#include "ledgerwick/employment/payment.h"
+#include "ledgerwick/imported/ds_item.h"
+#include "ledgerwick/imported/imported_earnings.h"
+#include "ledgerwick/shell/class_factory.h"
+#include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/shell/enums.h"
+#include "ledgerwick/shell/host.h"
+#include "ledgerwick/shell/identify.h"
+#include "ledgerwick/shell/payroll_functions.h"
+#include "ledgerwick/shell/schema.h"
