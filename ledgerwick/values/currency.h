@@ -3,9 +3,12 @@
 
 #include <compare>
 #include <cstdint>
+#include <limits>
 #include <string>
+#include <string_view>
 
 #include "ledgerwick/export.h"
+#include "ledgerwick/values/error.h"
 
 namespace ledgerwick {
 
@@ -19,17 +22,36 @@ class LEDGERWICK_API Currency {
     static constexpr std::int64_t ticksPerUnit = 10000;
     static constexpr Currency fromTicks(std::int64_t ticks) noexcept { return Currency(ticks); }
     // Exact for whole pounds.
-    static Currency fromWhole(std::int64_t pounds);
-    // Rounds at the fourth decimal, an exact half to the even neighbour.
-    static Currency fromDouble(double value);
+    static Currency fromWhole(std::int64_t pounds, std::string_view source = "Currency");
+    // Rounds at the fourth decimal, an exact half to the even neighbour. What counts as a half is
+    // the decimal that the value stands for, its shortest one: 1.00015 is 1.0002 and 1.00025 is
+    // 1.0002, although neither is exact in binary.
+    // Errors: 6 also when `value` is no finite number.
+    static Currency fromDouble(double value, std::string_view source = "Currency");
 
     constexpr std::int64_t ticks() const noexcept { return ticks_; }
-    double toDouble() const noexcept;
+    double toDouble() const noexcept {
+        return static_cast<double>(ticks_) / static_cast<double>(ticksPerUnit);
+    }
     // Plain decimal without trailing zeros: "12.5", "-0.0001", "0".
     std::string toText() const;
 
-    friend LEDGERWICK_API Currency operator+(Currency a, Currency b);
-    friend LEDGERWICK_API Currency operator-(Currency a, Currency b);
+    friend constexpr Currency operator+(Currency a, Currency b) {
+        using Limits = std::numeric_limits<std::int64_t>;
+        if (b.ticks_ > 0 ? a.ticks_ > Limits::max() - b.ticks_
+                         : a.ticks_ < Limits::min() - b.ticks_) {
+            raise(error_number::overflow, "Currency");
+        }
+        return Currency(a.ticks_ + b.ticks_);
+    }
+    friend constexpr Currency operator-(Currency a, Currency b) {
+        using Limits = std::numeric_limits<std::int64_t>;
+        if (b.ticks_ > 0 ? a.ticks_ < Limits::min() + b.ticks_
+                         : a.ticks_ > Limits::max() + b.ticks_) {
+            raise(error_number::overflow, "Currency");
+        }
+        return Currency(a.ticks_ - b.ticks_);
+    }
     Currency& operator+=(Currency other) { return *this = *this + other; }
 
     friend constexpr auto operator<=>(Currency, Currency) noexcept = default;

@@ -4,18 +4,21 @@
 //   payday.addWeeks(1);                         // 6 May 2016
 #pragma once
 
+#include <chrono>
 #include <compare>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "ledgerwick/export.h"
+#include "ledgerwick/values/checked.h"
+#include "ledgerwick/values/error.h"
 
 namespace ledgerwick {
 
 // Days since 30 December 1899. The zero date means "not set"; tests against it are exact.
-// Shape:  1 January 100 to 31 December 9999. Before the zero date the fraction still runs
-//         forward in the day: -1.25 is 29 December 1899, 06:00.
+// Shape:  1 January 100 to 31 December 9999; a serial outside reads as the nearest end. Before the
+//         zero date the fraction still runs forward in the day: -1.25 is 29 December 1899, 06:00.
 // Errors: arithmetic that leaves the range is error 6.
 class LEDGERWICK_API Date {
   public:
@@ -25,44 +28,88 @@ class LEDGERWICK_API Date {
     // The day `day` of month `month` of `year`, at midnight. Months and days outside their range
     // roll over: month 13 is January of the next year, day 0 the last day of the month before.
     // Errors: 6 outside the range of the type.
-    static Date fromYmd(int year, int month, int day);
-    // The same with a time of day.
+    static constexpr Date fromYmd(int year, int month, int day) {
+        return Date(static_cast<double>(dayNumberOf(year, month, day)));
+    }
+    // The same with a time of day; hours, minutes and seconds roll over likewise.
     static Date fromYmdHms(int year, int month, int day, int hour, int minute, int second);
 
-    // The latest day that the type holds, 31 December 9999.
-    static constexpr Date last() noexcept { return Date(2958465.0); }
+    // The earliest and the latest day that the type holds.
+    static constexpr Date first() noexcept { return Date(firstDay); }
+    static constexpr Date last() noexcept { return Date(lastDay); }
 
     constexpr double serial() const noexcept { return serial_; }
     // Whether the date is anything but the zero date.
     constexpr bool isSet() const noexcept { return serial_ != 0.0; }
+    // Whether a serial is one of the range.
+    static constexpr bool inRange(double serial) noexcept {
+        return serial > firstDay - 1 && serial < lastDay + 1;
+    }
 
     // The day at midnight.
-    Date dateOnly() const noexcept;
+    constexpr Date dateOnly() const noexcept { return Date(static_cast<double>(dayNumber())); }
     // The whole day number of the day that the date lies in; any time of day is left out.
-    std::int32_t dayNumber() const noexcept;
+    constexpr std::int32_t dayNumber() const noexcept {
+        const double fromFirst = serial_ > firstDay ? serial_ : firstDay;
+        return static_cast<std::int32_t>(fromFirst < lastDay ? fromFirst : lastDay);
+    }
     // The count of days as a whole number, a half to the even one; after noon that is the next day.
-    std::int32_t roundedDayNumber() const;
+    std::int32_t roundedDayNumber() const { return roundToInt32(serial_, "Date"); }
+    // The time of day in whole seconds, the nearest one that is still on the day. [0, 86399]
+    std::int32_t secondOfDay() const noexcept;
 
-    int year() const noexcept;
-    int month() const noexcept;    // [1, 12]
-    int day() const noexcept;      // [1, 31]
-    int weekday() const noexcept;  // [1, 7], 1 = Sunday
+    constexpr int year() const noexcept { return static_cast<int>(civil().year()); }
+    constexpr int month() const noexcept {  // [1, 12]
+        return static_cast<int>(static_cast<unsigned>(civil().month()));
+    }
+    constexpr int day() const noexcept {  // [1, 31]
+        return static_cast<int>(static_cast<unsigned>(civil().day()));
+    }
+    constexpr int weekday() const noexcept {             // [1, 7], 1 = Sunday
+        constexpr std::uint32_t wholeWeeks = 7 * 93920;  // lifts the first day above zero
+        return static_cast<int>((static_cast<std::uint32_t>(dayNumber()) + wholeWeeks + 6) % 7) + 1;
+    }
 
     struct Ymd {
         int year;
         int month;  // [1, 12]
         int day;    // [1, 31]
     };
-    Ymd ymd() const noexcept;
+    constexpr Ymd ymd() const noexcept {
+        const auto date = civil();
+        return {static_cast<int>(date.year()),
+                static_cast<int>(static_cast<unsigned>(date.month())),
+                static_cast<int>(static_cast<unsigned>(date.day()))};
+    }
 
     // Errors of the three: 6 outside the range of the type.
-    Date addDays(double days) const;
-    Date addWeeks(std::int64_t weeks) const;
+    constexpr Date addDays(double days) const {
+        const double moved = serial_ + days;
+        // Up from the zero date the serial is the time line itself.
+        if (serial_ >= 0 && moved >= 0 && moved < lastDay + 1) return Date(moved);
+        return fromTimeLine(timeLine() + days);
+    }
+    constexpr Date addWeeks(std::int64_t weeks) const {
+        return addDays(static_cast<double>(weeks) * 7);
+    }
     // Keeps the day of the month, or takes the last day of a shorter month.
-    Date addMonths(std::int64_t months) const;
+    constexpr Date addMonths(std::int64_t months) const {
+        constexpr std::int64_t wholeRange = 12 * 10000;
+        if (months > wholeRange || months < -wholeRange) raise(error_number::overflow, "Date");
+        const Ymd from = ymd();
+        const auto first = dayNumberOf(from.year, from.month + months, 1);
+        const int length = Date(static_cast<double>(first)).daysInMonth();
+        const int day = from.day < length ? from.day : length;
+        return fromTimeLine(first + (day - 1) + timeOfDay());
+    }
 
     // The number of days in the calendar month of the date. [28, 31]
-    int daysInMonth() const noexcept;
+    constexpr int daysInMonth() const noexcept {
+        const auto date = civil();
+        const std::chrono::year_month_day_last end(date.year(),
+                                                   std::chrono::month_day_last(date.month()));
+        return static_cast<int>(static_cast<unsigned>(end.day()));
+    }
 
     // "05/04/2016", with " 13:00:00" behind it when there is a time of day.
     std::string toText() const;
@@ -75,6 +122,48 @@ class LEDGERWICK_API Date {
     }
 
   private:
+    static constexpr double firstDay = -657434.0;
+    static constexpr double lastDay = 2958465.0;
+    static constexpr int daysTo1970 = 25569;
+
+    constexpr std::chrono::year_month_day civil() const noexcept {
+        return std::chrono::sys_days(std::chrono::days(dayNumber() - daysTo1970));
+    }
+
+    static constexpr std::int64_t floorDivide(std::int64_t a, std::int64_t b) noexcept {
+        return (a >= 0 ? a : a - b + 1) / b;
+    }
+    // Years are counted from March here, so that a leap day is the last day of its year.
+    static constexpr std::int32_t dayNumberOf(std::int64_t year, std::int64_t month, int day) {
+        constexpr std::int64_t daysToMarch0 = 693899;  // from 1 March of year 0 to the zero date
+        const std::int64_t monthsFromMarch = year * 12 + month - 3;
+        const std::int64_t marchYear = floorDivide(monthsFromMarch, 12);
+        const std::int64_t marchMonth = monthsFromMarch - marchYear * 12;  // [0, 11]
+        const std::int64_t leapDays =
+            floorDivide(marchYear, 4) - floorDivide(marchYear, 100) + floorDivide(marchYear, 400);
+        const std::int64_t number =
+            marchYear * 365 + leapDays + (153 * marchMonth + 2) / 5 + day - 1 - daysToMarch0;
+        if (!inRange(static_cast<double>(number))) raise(error_number::overflow, "Date");
+        return static_cast<std::int32_t>(number);
+    }
+
+    // The time of day as a fraction. [0, 1)
+    constexpr double timeOfDay() const noexcept {
+        const double fraction = serial_ - static_cast<double>(dayNumber());
+        return fraction < 0 ? -fraction : fraction;
+    }
+    // Days since the zero date on one even line, on which the fraction always runs forward.
+    constexpr double timeLine() const noexcept {
+        return serial_ >= 0 ? serial_ : static_cast<double>(dayNumber()) + timeOfDay();
+    }
+    static constexpr Date fromTimeLine(double days) {
+        if (!(days >= firstDay && days < lastDay + 1)) raise(error_number::overflow, "Date");
+        if (days >= 0) return Date(days);
+        const auto truncated = static_cast<double>(static_cast<std::int32_t>(days));
+        const double day = truncated > days ? truncated - 1 : truncated;
+        return Date(day - (days - day));
+    }
+
     double serial_ = 0.0;
 };
 

@@ -1,11 +1,16 @@
 // A keyed store that keeps the order in which its keys were added. Keys are compared exactly.
+//
+//   Dictionary<std::string, int> d;
+//   d.Add("b", 1); d.Add("a", 2);
+//   d.Item("a") == 2; d.Keys() is {"b", "a"}; d.Exists("A") is false
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <iterator>
 #include <list>
-#include <string>
-#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -19,33 +24,49 @@ class Dictionary {
     using Entry = std::pair<const Key, Value>;
     using const_iterator = typename std::list<Entry>::const_iterator;
 
+    Dictionary() = default;
+    Dictionary(const Dictionary&) = delete;
+    Dictionary& operator=(const Dictionary&) = delete;
+    Dictionary(Dictionary&&) noexcept = default;
+    Dictionary& operator=(Dictionary&&) noexcept = default;
+
     // Errors: 457 when the key is there already; the store stays as it was.
     void Add(const Key& key, Value value) {
         if (index_.contains(key)) raise(error_number::duplicateKey, "Dictionary.Add");
         entries_.emplace_back(key, std::move(value));
-        index_.emplace(key, std::prev(entries_.end()));
+        index_.insert(std::prev(entries_.end()));
     }
     bool Exists(const Key& key) const { return index_.contains(key); }
 
+    // The value under a key, or a null pointer.
+    Value* Find(const Key& key) {
+        const auto found = index_.find(key);
+        return found == index_.end() ? nullptr : &(*found)->second;
+    }
+    const Value* Find(const Key& key) const {
+        const auto found = index_.find(key);
+        return found == index_.end() ? nullptr : &(*found)->second;
+    }
+
     // The value under a key. The reference lives until the key is removed.
     // Errors: 3265 when the key is not there.
-    Value& Item(const Key& key) { return find(key)->second; }
-    const Value& Item(const Key& key) const { return find(key)->second; }
+    Value& Item(const Key& key) { return (*indexed(key))->second; }
+    const Value& Item(const Key& key) const { return (*indexed(key))->second; }
 
     // Replaces the value under a key, or adds the key at the end.
     void Item(const Key& key, Value value) {
-        const auto found = index_.find(key);
-        if (found == index_.end()) {
-            Add(key, std::move(value));
+        if (Value* present = Find(key)) {
+            *present = std::move(value);
         } else {
-            found->second->second = std::move(value);
+            Add(key, std::move(value));
         }
     }
 
     // Errors: 3265 when the key is not there.
     void Remove(const Key& key) {
-        const auto position = find(key);
-        index_.erase(key);
+        const auto found = indexed(key);
+        const Position position = *found;
+        index_.erase(found);
         entries_.erase(position);
     }
     void RemoveAll() noexcept {
@@ -69,14 +90,28 @@ class Dictionary {
   private:
     using Position = typename std::list<Entry>::iterator;
 
-    Position find(const Key& key) const {
+    // The index holds positions only; their keys stand in the entries.
+    struct KeyHash {
+        using is_transparent = void;
+        std::size_t operator()(const Key& key) const { return Hash{}(key); }
+        std::size_t operator()(Position position) const { return Hash{}(position->first); }
+    };
+    struct KeyEqual {
+        using is_transparent = void;
+        bool operator()(Position a, Position b) const { return a->first == b->first; }
+        bool operator()(const Key& a, Position b) const { return a == b->first; }
+        bool operator()(Position a, const Key& b) const { return a->first == b; }
+    };
+    using Index = std::unordered_set<Position, KeyHash, KeyEqual>;
+
+    typename Index::const_iterator indexed(const Key& key) const {
         const auto found = index_.find(key);
         if (found == index_.end()) raise(error_number::noSuchItem, "Dictionary.Item");
-        return found->second;
+        return found;
     }
 
     std::list<Entry> entries_;
-    std::unordered_map<Key, Position, Hash> index_;
+    Index index_;
 };
 
 }  // namespace ledgerwick

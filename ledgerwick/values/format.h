@@ -3,10 +3,14 @@
 // Number pictures: 0 is a digit always shown, # a digit shown when there is one, "," between digit
 // places asks for thousands separators, "." is the decimal point, "%" multiplies by 100, text in
 // double quotes or behind "\" is literal, and any other character (a blank, a "£") stands for
-// itself. Sections for negative and zero values are separated by ";". An exact half rounds away
-// from zero, on the value's fifteen significant digits: 0.125 by "0.00" is "0.13".
-// Date pictures: d dd ddd dddd m mm mmm mmmm yy yyyy h hh n nn s ss, names in English, "/" and ":"
-// and every other character stand for themselves.
+// itself. The point is shown also when no digit follows it: 2 by "0.##" is "2.".
+// Sections for positive, negative and zero values are separated by ";". Without a section of its
+// own, a negative value has "-" in front of the whole. A value that rounds to zero counts as zero.
+// An exact half rounds away from zero, on the value's fifteen significant digits: 0.125 by "0.00"
+// is "0.13".
+// Date pictures: d dd ddd dddd m mm mmm mmmm yy yyyy h hh n nn s ss in any case, names in English;
+// "/" and ":" and every other character stand for themselves, quotes and "\" as above.
+// An empty picture gives the plain text of the value.
 #pragma once
 
 #include <string>
@@ -18,6 +22,7 @@
 namespace ledgerwick {
 
 LEDGERWICK_API std::string formatNumber(double value, std::string_view picture);
+// Exact, with all four decimals.
 LEDGERWICK_API std::string formatNumber(Currency value, std::string_view picture);
 LEDGERWICK_API std::string formatDate(Date value, std::string_view picture);
 

@@ -33,10 +33,15 @@ LEDGERWICK_API bool equalsIgnoringCase(std::string_view a, std::string_view b) n
 LEDGERWICK_API int compareIgnoringCase(std::string_view a, std::string_view b) noexcept;
 
 // A number as people and format pictures write it: blanks around it, a sign, a pound sign,
-// thousands commas, a decimal point, an exponent. Nothing when the text is no number.
+// thousands commas, a decimal point, an exponent.
+// Shape:  nothing when the text is no number, or one that the type cannot hold. Commas must stand
+//         between groups of three digits, so that "1,5" is no number.
 LEDGERWICK_API std::optional<double> parseNumber(std::string_view text);
+// The same number with nothing but its sign, digits, point and exponent left: "-1234.5".
+LEDGERWICK_API std::optional<std::string> plainNumber(std::string_view text);
 
-// Plain decimal, up to 15 significant digits, no exponent for whole numbers below 10^15: "12.5".
+// Plain decimal, up to 15 significant digits: "12.5"; with an exponent only from 10^15 on and
+// below 10^-15.
 LEDGERWICK_API std::string numberText(double value);
 
 // Windows code page 1252 to UTF-8. The five bytes that the code page leaves open become the

@@ -5,7 +5,10 @@
 // different things.
 #pragma once
 
+#include <concepts>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -41,28 +44,46 @@ inline constexpr NullValue Null{};
 
 class LEDGERWICK_API Variant {
   public:
-    Variant() noexcept;  // Empty
-    Variant(NullValue) noexcept;
-    Variant(bool value) noexcept;
-    Variant(std::int16_t value) noexcept;
-    Variant(std::int32_t value) noexcept;
-    Variant(std::int64_t value) noexcept;
-    Variant(float value) noexcept;
-    Variant(double value) noexcept;
-    Variant(Currency value) noexcept;
-    Variant(Date value) noexcept;
+    Variant() noexcept : Variant(VariantKind::Empty) {}
+    Variant(NullValue) noexcept : Variant(VariantKind::Null) {}
+    // Only for a true bool: a pointer must not turn into one.
+    template <std::same_as<bool> Boolean>
+    Variant(Boolean value) noexcept : Variant(VariantKind::Boolean, value) {}
+    Variant(std::int16_t value) noexcept : Variant(VariantKind::Int16, value) {}
+    Variant(std::int32_t value) noexcept : Variant(VariantKind::Int32, value) {}
+    Variant(std::int64_t value) noexcept : Variant(VariantKind::Int64, value) {}
+    Variant(float value) noexcept : Variant(VariantKind::Single, value) {}
+    Variant(double value) noexcept : Variant(VariantKind::Double, value) {}
+    Variant(Currency value) noexcept : Variant(VariantKind::Currency, value) {}
+    Variant(Date value) noexcept : Variant(VariantKind::Date, value) {}
     Variant(std::string_view value);
-    Variant(const std::string& value);
-    Variant(const char* value);
+    Variant(const std::string& value) : Variant(std::string_view(value)) {}
+    Variant(const char* value) : Variant(std::string_view(value)) {}
     Variant(VariantArray value);
     // An object, or with a null pointer the null object, which is not the same as Empty.
     Variant(ObjectRef value);
 
-    Variant(const Variant& other);  // an array is copied whole
-    Variant(Variant&& other) noexcept;
-    Variant& operator=(const Variant& other);
-    Variant& operator=(Variant&& other) noexcept;
-    ~Variant();
+    // An array is copied whole; an object is shared.
+    Variant(const Variant& other) { other.ownsHeap() ? copyFrom(other) : takeBytes(other); }
+    Variant(Variant&& other) noexcept {
+        takeBytes(other);
+        other.clearBytes();
+    }
+    Variant& operator=(const Variant& other) {
+        if (this != &other) *this = Variant(other);
+        return *this;
+    }
+    Variant& operator=(Variant&& other) noexcept {
+        if (this != &other) {
+            if (ownsHeap()) release();
+            takeBytes(other);
+            other.clearBytes();
+        }
+        return *this;
+    }
+    ~Variant() {
+        if (ownsHeap()) release();
+    }
 
     VariantKind kind() const noexcept { return static_cast<VariantKind>(bytes_[0]); }
     bool isEmpty() const noexcept { return kind() == VariantKind::Empty; }
@@ -77,6 +98,8 @@ class LEDGERWICK_API Variant {
     //         neighbour. True is -1. A text is read as a number, with thousands commas allowed.
     // Errors: 94 for Null, 13 for a text that does not read so, an array or an object, 6 when the
     //         value does not fit. `source` is the source of such an error.
+    //
+    // Any number but 0 is True, and so is the text "True" in any case.
     bool toBoolean(std::string_view source = "Variant") const;
     std::int16_t toInt16(std::string_view source = "Variant") const;
     std::int32_t toInt32(std::string_view source = "Variant") const;
@@ -84,6 +107,7 @@ class LEDGERWICK_API Variant {
     float toSingle(std::string_view source = "Variant") const;
     double toDouble(std::string_view source = "Variant") const;
     Currency toCurrency(std::string_view source = "Variant") const;
+    // A text is read as a date, or else as a number of days; a number is a number of days.
     Date toDate(std::string_view source = "Variant") const;
     // Numbers in plain decimal, booleans as "True" and "False", dates day first.
     std::string toText(std::string_view source = "Variant") const;
@@ -104,11 +128,48 @@ class LEDGERWICK_API Variant {
     friend LEDGERWICK_API bool operator==(const Variant& a, const Variant& b);
 
   private:
-    // Byte 0 is the kind, byte 1 the length of a text held in place (255: the text is on the heap),
-    // bytes 2 to 15 such a text. Every other value, pointers included, stands in bytes 8 to 15.
+    // Byte 0 is the kind, byte 1 the length of a text held in place, or 255 when bytes 8 to 15 hold
+    // a pointer to what this Variant owns on the heap. Bytes 2 to 15 are the text held in place;
+    // every other value stands in bytes 8 to 15.
     static constexpr std::size_t inlineCapacity = 14;
+    static constexpr std::size_t textOffset = 2;
+    static constexpr std::size_t valueOffset = 8;
+    static constexpr unsigned char onHeap = 255;
+
+    explicit Variant(VariantKind kind) noexcept : bytes_{static_cast<unsigned char>(kind)} {}
+    template <class T>
+    Variant(VariantKind kind, T value) noexcept : Variant(kind) {
+        store(value);
+    }
+
+    template <class T>
+    void store(T value) noexcept {
+        static_assert(sizeof(T) <= sizeof(bytes_) - valueOffset);
+        std::memcpy(bytes_ + valueOffset, &value, sizeof(T));
+    }
+    template <class T>
+    T load() const noexcept {
+        T value;
+        std::memcpy(&value, bytes_ + valueOffset, sizeof(T));
+        return value;
+    }
+    template <class T>
+    void own(T* thing) noexcept {
+        bytes_[1] = onHeap;
+        store(thing);
+    }
+    bool ownsHeap() const noexcept { return bytes_[1] == onHeap; }
+    void takeBytes(const Variant& other) noexcept {
+        std::memcpy(bytes_, other.bytes_, sizeof(bytes_));
+    }
+    void clearBytes() noexcept { bytes_[0] = bytes_[1] = 0; }
+    void copyFrom(const Variant& other);
+    void release() noexcept;
+    double toNumber(std::string_view source) const;
+
     alignas(8) unsigned char bytes_[16];
 };
+static_assert(sizeof(Variant) == 16);
 
 // An array of one or two dimensions with bounds of its own: (1 To 13), (1 To 8, 1 To n).
 class LEDGERWICK_API VariantArray {
@@ -117,6 +178,7 @@ class LEDGERWICK_API VariantArray {
     // One dimension, `lower` To `upper`; none when `upper` is `lower` - 1.
     VariantArray(std::int32_t lower, std::int32_t upper);
     // Two dimensions.
+    // Errors of both: 9 for an upper bound further below its lower one.
     VariantArray(std::int32_t lower1, std::int32_t upper1, std::int32_t lower2,
                  std::int32_t upper2);
 
@@ -137,6 +199,7 @@ class LEDGERWICK_API VariantArray {
     // Errors: 9 below the lower bound minus 1.
     void resizeLast(std::int32_t upper);
     // Removes one element of a one-dimensional array; the upper bound falls by one.
+    // Errors: 9 outside the bounds, or with two dimensions.
     void erase(std::int32_t index);
 
     std::size_t size() const noexcept { return items_.size(); }

@@ -1,0 +1,7 @@
+#include "ledgerwick/values/object.h"
+
+namespace ledgerwick {
+
+Object::~Object() = default;
+
+}  // namespace ledgerwick
