@@ -2,8 +2,8 @@
 //
 // An employee who stays on past a year end has one cEmployment per payroll year; one who leaves and
 // returns within a year has several in that year, with rising EmployCount. The load makes the
-// object from its row (`CreateEmployment`), hands it the closed pay rows in order (`AddPayment`),
-// and each row moves the running state on: pay rows themselves are not kept.
+// object from its row (`CreateEmployment`), hands it the pay rows in order (`AddPayment`), and each
+// closed row moves the running state on: pay rows themselves are not kept.
 //
 //   employment->LastWeekNo();    // 11: the last closed row
 //   employment->NExpPayDate();   // when pay falls due next
@@ -12,12 +12,16 @@
 // each payment to the tax authority. The zero date means none.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "ledgerwick/calendar/tax_calendar.h"
 #include "ledgerwick/employment/payment.h"
+#include "ledgerwick/employment/reported_payment.h"
 #include "ledgerwick/export.h"
 #include "ledgerwick/imported/imported_earnings.h"
 #include "ledgerwick/shell/enums.h"
@@ -33,34 +37,63 @@ namespace ledgerwick {
 using PaymentsByKey = Dictionary<std::string, std::shared_ptr<CPayment>>;
 using PaymentsOfYear = Dictionary<std::int32_t, std::shared_ptr<CPayment>>;
 
-// Owned by its employee, whom it finds again by NAID through the module-level EmployeeList.
-// Of all members only the lets of `NExpPayDate` and `NExpEPEDate` and `UpdateImportedEarnings`
-// write to the database.
+// Owned by its employee, whom it finds again by NAID through the module-level EmployeeList. A new
+// object has every number 0, every boolean False, every string empty and every variant Empty. Of
+// all members only the lets of `NExpPayDate` and `NExpEPEDate` and `UpdateImportedEarnings` write
+// to the database. An operation that fails on a Null (94) or on a value that does not fit (6, 13)
+// leaves standing what it had moved until then.
 class LEDGERWICK_API cEmployment : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "cEmployment"; }
+
+    // ---- from the rows (employment.cpp, payment_fold.cpp) ---------------------------------------
+
+    // A Variant holding the `Identify` of this object, made at the first read.
     Variant identifyClass() { return identify_.get(); }
 
-    // The fields that `CreateEmployment` and `AddPayment` read from their rows.
+    // Every field that `CreateEmployment` reads.
     static FieldList employmentFields() noexcept;
+    // Every field of a pay row that `AddPayment` reads, and the two by which a load finds the
+    // employment of the row (PRPNAID, PRTID).
     static FieldList paymentFields() noexcept;
 
+    // Fills the object from the row that the set stands on. Once, straight after construction.
+    // Errors: those of reading a field; the object is then partly filled.
     void CreateEmployment(Recordset& rsEmployment);
+    // Takes one pay row into the running state; an open row changes nothing.
+    // Shape:  rows come by payroll year, employment count, week, reported pay date and PRPID, each
+    //         once: the last one wins, and the counters count in that order.
+    // Errors: those of reading a field; 9911 for an unknown pay period.
     void AddPayment(Recordset& rsPay);
+    // Forgets imported pay and imported earnings.
     void ResetImportedPay();
 
+    // ---- payment store (payment_store.cpp) ------------------------------------------------------
+
+    // The live store by key, not a copy. The library puts nothing in it; a host may.
     std::shared_ptr<PaymentsByKey> GetPayments();
+    // The payment of that year, week and day in the store.
+    // Shape:  a new blank record when there is none.
     std::shared_ptr<CPayment> GetPayment(std::int32_t lPayrollYear, std::int32_t lWeekNo,
                                          Date dtPayDate);
+    // Whether the payments of that year are in memory.
+    // Shape:  `dicPayments` becomes the live store of the year, or a new empty one.
     bool GetPayrollYearPayments(std::int32_t lPayrollYear,
                                 std::shared_ptr<PaymentsOfYear>& dicPayments);
+    // A new blank record, unless a host has stored a payment under the empty key.
     std::shared_ptr<CPayment> GetLastPayment();
+
+    // The live store of that year for the one who fills it, made when it does not yet exist. From
+    // then on `GetPayrollYearPayments` finds the year.
+    std::shared_ptr<PaymentsOfYear> payrollYearStore(std::int32_t lPayrollYear);
+
+    // ---- state ----------------------------------------------------------------------------------
 
     // clang-format off
     Property<std::int32_t> PRTID;           // row key; the key of this object in its employee
     Property<std::int32_t> PayrollYear;     // payroll year number
     Property<std::int32_t> EmployCount;     // which employment of the employee in that year
-    Date                   PRTStartDate() const noexcept { return prtStartDate_; }
+    Date                   PRTStartDate() const noexcept { return prtStartDate_; }  // as stored
     Property<Date>         EndDate;         // the zero date while the employment has not ended
     Property<bool>         Active;          // open, and of the current payroll year
     Property<std::string>  AEStatusStart;   // auto-enrolment status at the start of this row
@@ -69,77 +102,168 @@ class LEDGERWICK_API cEmployment : public Object {
     Property<PR_EmpType>   EmpType;         // regular or casual
     // clang-format on
 
+    // The next expected pay date. The let writes it to the last closed pay row; only when that
+    // worked does it keep the date and calculate the expected pay reference periods anew. The date
+    // that it already holds is not written.
+    // Errors: those of `CalcExpPRP`, the row and the date being changed by then.
     Date NExpPayDate() const noexcept { return nExpPayDate_; }
     void NExpPayDate(Date dtNExpPayDate);
 
+    // The pay reference periods that hold the next and the last expected pay date, as `CalcExpPRP`
+    // left them, and single days of them.
+    // Shape:  a copy of an array (1 To 2) of first and last day; Empty before the first
+    //         calculation.
+    // Errors: the single days fail with 13 before the first calculation.
     Variant NExpPRP() const;
     Variant NExpPRPStart() const;
     Variant LExpPRP() const;
     Variant LExpPRPStart() const;
     Variant LExpPRPEnd() const;
 
-    const std::string& AEStatusCur() const noexcept { return aeStatusCur_; }
-    Property<Date> LastEPEDate;
-    bool Casual() const noexcept { return EmpType() == PR_ET_Casual; }
-    Property<std::int16_t> LastWeekNo;
-    Property<Date> LastPayDate;
-    Property<std::int16_t> LastPayFreq;
+    // clang-format off
+    // The auto-enrolment status now: that of the last calculated row, `AEStatusStart` before it.
+    const std::string&     AEStatusCur() const noexcept { return aeStatusCur_; }
+    Property<Date>         LastEPEDate;     // end of the pay period of the last closed row
+    bool                   Casual() const noexcept { return EmpType() == PR_ET_Casual; }
+    Property<std::int16_t> LastWeekNo;      // tax week of the last closed row
+    Property<Date>         LastPayDate;     // reported pay date of the last closed row
+    Property<std::int16_t> LastPayFreq;     // a PR_Pay_Freq value; -10 and -11 for periods 5 and 3
+    // clang-format on
 
+    // The next expected end of pay period. The let writes it to the last closed pay row, and keeps
+    // it only when that worked. The date that it already holds is not written.
     Date NExpEPEDate() const noexcept { return nExpEPEDate_; }
     void NExpEPEDate(Date dtNExpEPEDate);
 
-    Date FirstEPEDate() const noexcept { return firstEPEDate_; }
-    bool IsVoid() const noexcept { return !PaymentsExist() && EndDate().isSet(); }
-    Property<bool> PaymentsExist;
-    Property<std::int32_t> LastUD_PRPID;
-    Property<std::int16_t> LastMonthNo;
-    Property<bool> HasImportedPay;
-    Property<Currency> ImportedPayValue;
-    Property<Date> LExpPayDate;
-    Property<Date> StartDate;
-    Property<Date> HMRCStartDate;
+    // clang-format off
+    Date                   FirstEPEDate() const noexcept { return firstEPEDate_; }  // of the first calculated row
+    // Ended without a calculated pay row.
+    bool                   IsVoid() const noexcept { return !PaymentsExist() && EndDate().isSet(); }
+    Property<bool>         PaymentsExist;     // a calculated row has been taken in
+    Property<std::int32_t> LastUD_PRPID;      // key of the last closed row
+    Property<std::int16_t> LastMonthNo;       // tax month of the last closed monthly row
+    Property<bool>         HasImportedPay;    // an imported value exists
+    Property<Currency>     ImportedPayValue;  // the last such value, cut to the money format
+    Property<Date>         LExpPayDate;       // date on which the last closed row was expected
+    Property<Date>         StartDate;         // start as auto-enrolment sees it; set by the load
+    Property<Date>         HMRCStartDate;     // start as tax law sees it; set by the load
+    // clang-format on
 
-    bool LastRTISet() const noexcept;
+    // The details of the last reported payment.
+    // Shape:  an array (1 To 13): employment count, works number, official identification number,
+    //         partner, shared parental pay days, payroll year, reported pay date, pay frequency,
+    //         number of the period in the tax year, tax code, week 1 basis, minimum normal hours,
+    //         PRPID. Empty while `LastRTISet` is False. The let keeps a copy of any value, and sets
+    //         `LastRTISet` also for Empty.
+    bool LastRTISet() const noexcept { return lastRTI_ != nullptr; }
     Variant LastRTI() const;
     void LastRTI(const Variant& value);
-    Property<std::int32_t> ContinuationOfPRTID;
+    // `LastRTI(from.LastRTI())` without the copy: the two share the details until a further pay row
+    // replaces one of them. Nothing happens while `from.LastRTISet` is False.
+    void carryLastRTI(const cEmployment& from) noexcept;
 
-    // imported/
+    Property<std::int32_t> ContinuationOfPRTID;  // the row that this one continues; set by the load
+
+    // ---- imported earnings (imported/earnings.cpp) ----------------------------------------------
+
+    // Takes in the order line that the set of `LoadImportedPay` stands on.
+    // Errors: those of reading a field; the line is then partly filled.
     void AddImportedEarnings(Recordset& rsPay);
+    // Whether checked lines were earned from `dEPSDate` to the end of the day `dEPEDate`.
+    // Shape:  `curValue` is their sum; `bHasUnchecked` tells of unchecked lines in the period.
     bool HasImportedEarnings(Date dEPSDate, Date dEPEDate, Currency& curValue,
-                             bool* bHasUnchecked = nullptr);
+                             bool* bHasUnchecked = nullptr) const;
+    // Moves the checked lines of the period up to a status, in the store and in memory; lines at or
+    // above it stay. Status 5 also writes the invoice, unless it is 0, and the order reference,
+    // unless it is Empty or the null object.
+    // Shape:  always False.
+    // Errors: those of the statement; the lines in memory then keep their status.
     bool UpdateImportedEarnings(std::int16_t iToStatus, Date dEPSDate, Date dEPEDate,
                                 std::int32_t lInvID = 0, const Variant& vOrdRef = {});
 
-    Property<std::int32_t> FirstPRPID;
+    Property<std::int32_t> FirstPRPID;  // key of the first calculated row
 
-    ResultTable ImportedEarningsRS(Date dEPSDate, Date dEPEDate, Currency& curTot);
+    // The checked lines of the period as a table: first one row of totals for each item, with the
+    // zero date, then one row for each day and item, both by description.
+    // Shape:  OrdDate, OrdDSID, OrdQty, ItemDesc, UoPCode, OrdPrice (the money of the row). `curTot`
+    //         is the money of the period.
+    ResultTable ImportedEarningsRS(Date dEPSDate, Date dEPEDate, Currency& curTot) const;
 
+    // ---- expected periods (expected_periods.cpp) ------------------------------------------------
+
+    // Works out the pay reference periods that hold `LExpPayDate` and `NExpPayDate`, by the pay
+    // frequency that the employee has now. A casual employment has none and is left alone.
+    // Errors: 91 when EmployeeList does not hold the employee, or the employee has no most recent
+    //         employment; 10770, source "CalcExpPRP", for any other employment than that; 9909 for
+    //         an employee paid casually. The periods then stay as they were.
     void CalcExpPRP();
 
+    // ---- statutory pay and loans (payment_fold.cpp) ---------------------------------------------
+
+    // Whether the last calculated row was in a run of maternity, adoption, paternity or shared
+    // parental pay, and the length of that run.
+    // Units:  weeks of the first three, days of the last.
     // clang-format off
-    bool         SMPCurStatus() const noexcept;
-    std::int32_t SMPConsecutiveWeeks() const noexcept;
-    bool         SAPCurStatus() const noexcept;
-    std::int32_t SAPConsecutiveWeeks() const noexcept;
-    bool         SPPCurStatus() const noexcept;
-    std::int32_t SPPConsecutiveWeeks() const noexcept;
-    bool         ShPPCurStatus() const noexcept;
-    std::int32_t ShPPConsecutiveDays() const noexcept;
-    Property<std::int16_t> SLCurStatus;
-    Property<std::int16_t> SLLastKnownPlan;
-    bool         PGLCurStatus() const noexcept;
-    bool         PGLWasDeducted() const noexcept;
+    bool         SMPCurStatus() const noexcept { return run(StatutoryPay::Maternity).current; }
+    std::int32_t SMPConsecutiveWeeks() const noexcept { return run(StatutoryPay::Maternity).length; }
+    bool         SAPCurStatus() const noexcept { return run(StatutoryPay::Adoption).current; }
+    std::int32_t SAPConsecutiveWeeks() const noexcept { return run(StatutoryPay::Adoption).length; }
+    bool         SPPCurStatus() const noexcept { return run(StatutoryPay::Paternity).current; }
+    std::int32_t SPPConsecutiveWeeks() const noexcept { return run(StatutoryPay::Paternity).length; }
+    bool         ShPPCurStatus() const noexcept { return run(StatutoryPay::SharedParental).current; }
+    std::int32_t ShPPConsecutiveDays() const noexcept { return run(StatutoryPay::SharedParental).length; }
+    Property<std::int16_t> SLCurStatus;      // student loan plan of the last calculated row, 0 none
+    Property<std::int16_t> SLLastKnownPlan;  // the last plan other than 0
+    bool         PGLCurStatus() const noexcept { return pglCurStatus_; }      // in the last calculated row
+    bool         PGLWasDeducted() const noexcept { return pglWasDeducted_; }  // in any calculated row
     // clang-format on
 
   private:
-    // To be completed by the files that define the members.
+    enum class StatutoryPay : std::uint8_t { Maternity, Adoption, Paternity, SharedParental };
+    struct StatutoryRun {
+        std::int32_t length = 0;
+        bool current = false;
+    };
+    struct PaymentStore {
+        std::shared_ptr<PaymentsByKey> byKey;
+        Dictionary<std::int32_t, std::shared_ptr<PaymentsOfYear>> byYear;
+    };
+    using EarningsByOrder = Dictionary<std::int32_t, std::shared_ptr<CImportedEarnings>>;
+    struct EarningsStore {
+        EarningsByOrder checked;
+        EarningsByOrder unchecked;
+    };
+    struct ExpectedPeriods {
+        std::optional<calendar::DateRange> last;
+        std::optional<calendar::DateRange> next;
+    };
+
+    const StatutoryRun& run(StatutoryPay pay) const noexcept {
+        return statutoryRuns_[static_cast<std::size_t>(pay)];
+    }
+    void addCalculatedPayment(Recordset& rsPay);
+    void extendRun(StatutoryPay pay, double first, double second = 0.0);
+    void keepReportedPayment(Recordset& rsPay, std::int16_t period);
+    PaymentStore& paymentStore();
+    std::shared_ptr<CPayment> storedPayment(const std::string& key);
+    const calendar::DateRange& expectedPeriod(
+        std::optional<calendar::DateRange> ExpectedPeriods::*which, std::string_view source) const;
+
     Date prtStartDate_;
     Date nExpPayDate_;
     Date nExpEPEDate_;
     Date firstEPEDate_;
     std::string aeStatusCur_;
     std::int32_t prtNAID_ = 0;
+    bool pglCurStatus_ = false;
+    bool pglWasDeducted_ = false;
+    std::array<StatutoryRun, 4> statutoryRuns_;
+    std::shared_ptr<ReportedPayment> lastRTI_;
+
+    // Made on first use: most employments of a payroll never need them.
+    std::unique_ptr<ExpectedPeriods> expectedPeriods_;
+    std::unique_ptr<PaymentStore> payments_;
+    std::unique_ptr<EarningsStore> earnings_;
     IdentifyHolder identify_;
 };
 
