@@ -1,0 +1,272 @@
+// The opening of a pay run: one open pay row for each period that falls due.
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ledgerwick/employee/pr_reports.h"
+#include "ledgerwick/payrun/due_employees.h"
+#include "ledgerwick/payrun/pay_record.h"
+#include "ledgerwick/payrun/statement.h"
+#include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/shell/payroll_functions.h"
+#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/values/checked.h"
+#include "ledgerwick/values/text.h"
+
+namespace ledgerwick {
+
+namespace {
+
+using payrun::frequencyOf;
+
+// ---- which employees, and in which order
+
+constexpr std::size_t sortSeqWidth = 100;
+
+struct Selected {
+    std::string sortSeq;
+    std::int32_t naid;
+};
+
+// What the host chose: 0, or for the frequency any negative number, leaves a choice open.
+struct Choice {
+    std::int32_t frequency;
+    std::int32_t group;
+    std::int32_t naid;
+
+    bool holds(const cEmployee& employee) const {
+        return payrun::isRegularActive(employee) && (naid == 0 || employee.NAID() == naid) &&
+               (frequency < 0 || employee.PayFrequency() == frequency) &&
+               (group == 0 || employee.Group() == group);
+    }
+};
+
+std::string sortSeqOf(const cEmployee& employee) {
+    const std::string whole =
+        DLLGlobal::pf().padstring(employee.Seq(), 3, ' ') + employee.BusName();
+    return std::string(firstCharacters(whole, sortSeqWidth));
+}
+
+bool comesBefore(const Selected& a, const Selected& b) {
+    const int order = compareIgnoringCase(a.sortSeq, b.sortSeq);
+    return order != 0 ? order < 0 : a.naid < b.naid;
+}
+
+std::vector<Selected> selectedInOrder(CEmployeeList& list, const Choice& choice) {
+    std::vector<Selected> selection;
+    for (const auto& employee : list.Employees()) {
+        if (choice.holds(*employee)) selection.push_back({sortSeqOf(*employee), employee->NAID()});
+    }
+    std::stable_sort(selection.begin(), selection.end(), comesBefore);
+    return selection;
+}
+
+// ---- the rows of the result array; row 5 stays empty
+
+enum ColumnRow : std::int32_t {
+    rowNAID = 1,
+    rowPayRecord = 2,
+    rowFirstDay = 3,
+    rowLastDay = 4,
+    rowImportedPay = 6,
+    rowWeekNo = 7,
+    rowPaymentPeriod = 8,
+};
+
+bool isWeekly(PR_Pay_Freq frequency) {
+    return frequency == PFREQ_1Weekly || frequency == PFREQ_2Weekly || frequency == PFREQ_4Weekly;
+}
+
+}  // namespace
+
+// One opening of a run, employee by employee. The columns grow as the periods are worked.
+class CPayrollFunctions::InputHours {
+  public:
+    InputHours(CPayrollFunctions& payroll, Date payDate, bool& hasUnchecked)
+        : payroll_(payroll), payDate_(payDate), hasUnchecked_(hasUnchecked) {}
+
+    void prepare(std::int32_t naid);
+    VariantArray takeColumns() { return std::move(columns_); }
+
+  private:
+    void collectPeriodsDue();
+    RecordsetRef openRows() const;
+    void useOpenRows();
+    void addRows();
+
+    void startFirstPeriod();
+    void stepPeriod();
+    void openColumn();
+    void takeImportedPay();
+    void updateRow();
+    void closeColumn();
+
+    Date nextDate(Date from, PR_NExpMode mode) const {
+        return payroll_.C_Calc_Next_NExpDate(from, frequency_, mode);
+    }
+    bool periodsRemain() const { return item_ < weeks_.size(); }
+    std::int32_t week() const { return weeks_[item_]; }
+    Variant& cell(ColumnRow row) { return columns_.at(row, columns_.upperBound(2)); }
+
+    CPayrollFunctions& payroll_;
+    const Date payDate_;
+    bool& hasUnchecked_;
+    VariantArray columns_{1, 8, 1, 1};
+
+    // The employee in hand.
+    std::shared_ptr<cEmployee> employee_;
+    std::shared_ptr<cEmployment> employment_;
+    PR_Pay_Freq frequency_ = PFREQ_Casual;
+    std::int32_t payPeriod_ = 0;
+    std::vector<std::int32_t> weeks_;  // one week number for each period due
+    RecordsetRef rows_;
+    bool importedDone_ = false;
+
+    // The period in hand.
+    std::size_t item_ = 0;  // position in `weeks_`
+    Date nextPay_;          // expected pay date of the period after it
+    Date from_;
+    Date epe_;
+    std::optional<Currency> imported_;
+};
+
+void CPayrollFunctions::InputHours::prepare(std::int32_t naid) {
+    employee_ = payrun::employeeOf(payroll_.employeeList(), naid, "C_InputHoursInit");
+    employment_ = employee_->CurEmployment();
+    frequency_ = frequencyOf(*employee_);
+    payPeriod_ = payroll_.C_Convert_PayFreq_to_PayPeriod(frequency_);
+    importedDone_ = false;
+    collectPeriodsDue();
+    if (weeks_.empty()) return;
+    rows_ = openRows();
+    startFirstPeriod();
+    useOpenRows();
+    addRows();
+    rows_.reset();
+}
+
+// A weekly type of period takes the tax week in which its tax period ends, unless counting on from
+// the last week paid has run ahead of that. A longer one takes the tax week of the last day of its
+// tax period, and 52 stands in for the odd days of week 53.
+void CPayrollFunctions::InputHours::collectPeriodsDue() {
+    weeks_.clear();
+    std::int16_t counted = employment_->LastWeekNo();
+    for (Date due = employment_->NExpPayDate(); due <= payDate_; due = nextDate(due, PR_NExp_Pay)) {
+        if (isWeekly(frequency_)) counted = addInt16(counted, narrowToInt16(payPeriod_));
+        const std::int32_t taxWeek =
+            payroll_.C_CalcTaxWeek(payroll_.C_CalcTaxPeriodEndDate(due, payPeriod_));
+        weeks_.push_back(isWeekly(frequency_) ? std::max<std::int32_t>(counted, taxWeek)
+                                              : std::min(taxWeek, 52));
+    }
+}
+
+RecordsetRef CPayrollFunctions::InputHours::openRows() const {
+    const std::string sql = payrun::statement(
+        R"(SELECT *
+           FROM PRPay
+           WHERE (PRPNAID = @)
+             AND (PRPPayrollYear = @)
+             AND (PRPPeriodUpdated = false)
+           ORDER BY @)",
+        {std::to_string(employee_->NAID()), std::to_string(DLLGlobal::currentPayrollYear()),
+         PaymentsOrderBy()});
+    const auto query = DLLGlobal::g().DBDll().CreateQueryDef("", sql);
+    return query->OpenRecordset(RecordsetType::Dynaset, payrun::openRowFields());
+}
+
+void CPayrollFunctions::InputHours::startFirstPeriod() {
+    item_ = 0;
+    nextPay_ = nextDate(employment_->NExpPayDate(), PR_NExp_Pay);
+    from_ = employment_->LastEPEDate().addDays(1);
+    epe_ = employment_->NExpEPEDate();
+}
+
+void CPayrollFunctions::InputHours::stepPeriod() {
+    ++item_;
+    nextPay_ = nextDate(nextPay_, PR_NExp_Pay);
+    from_ = epe_.addDays(1);
+    epe_ = nextDate(epe_, PR_NExp_EPE);
+}
+
+// Rows left by an earlier preparation are used in order; those beyond the periods due stay as they
+// are.
+void CPayrollFunctions::InputHours::useOpenRows() {
+    if (rows_->RecordCount() == 0) return;
+    while (periodsRemain() && !rows_->Eof()) {
+        openColumn();
+        updateRow();
+        closeColumn();
+        rows_->MoveNext();
+        stepPeriod();
+    }
+}
+
+void CPayrollFunctions::InputHours::addRows() {
+    for (; periodsRemain(); stepPeriod()) {
+        openColumn();
+        payroll_.CreatePayRecord(*rows_, week(), payDate_, employee_->NAID(), false, false, {}, {},
+                                 {});
+        updateRow();
+        closeColumn();
+    }
+}
+
+void CPayrollFunctions::InputHours::openColumn() {
+    from_ = employment_->PRTStartDate() > from_ ? employment_->PRTStartDate() : from_;
+    if (from_ > epe_) from_ = epe_;
+    if (!cell(rowNAID).isEmpty()) columns_.resizeLast(addInt32(columns_.upperBound(2), 1));
+    cell(rowNAID) = employee_->NAID();
+    cell(rowFirstDay) = from_;
+    cell(rowLastDay) = epe_;
+    takeImportedPay();
+    cell(rowImportedPay) = imported_ ? Variant(*imported_) : Variant("N");
+}
+
+// Imported pay lands in the employee's first period and no other; earnings land where they were
+// earned.
+void CPayrollFunctions::InputHours::takeImportedPay() {
+    imported_.reset();
+    if (!importedDone_ && employment_->HasImportedPay()) {
+        imported_ = employment_->ImportedPayValue();
+    }
+    Currency earnings;
+    bool uncheckedHere = false;
+    if (employment_->HasImportedEarnings(from_, epe_, earnings, &uncheckedHere)) {
+        imported_ = imported_ ? *imported_ + earnings : earnings;
+    }
+    if (!hasUnchecked_) hasUnchecked_ = uncheckedHere;
+    importedDone_ = true;
+}
+
+void CPayrollFunctions::InputHours::updateRow() {
+    payroll_.UpdatePayRecord(*rows_, week(), payPeriod_, payDate_, epe_, nextPay_,
+                             imported_.has_value(), imported_.value_or(Currency()));
+}
+
+void CPayrollFunctions::InputHours::closeColumn() {
+    cell(rowPayRecord) = rows_->GetInt32(field::PRPID);
+    cell(rowWeekNo) = rows_->GetInt32(field::PRPWeekNo);
+    cell(rowPaymentPeriod) = rows_->GetInt32(field::PRPPaymentPeriod);
+}
+
+Variant CPayrollFunctions::C_InputHoursInit(Date dPayDateIn, std::int32_t lngFrequencyIn,
+                                            std::int32_t lngSLGNoIn, std::int32_t lngNAIDIn,
+                                            Variant* vRet, bool* bUncheckedOut) {
+    bool unheard = false;
+    bool& hasUnchecked = bUncheckedOut ? *bUncheckedOut : unheard;
+    hasUnchecked = false;
+    InputHours run(*this, dPayDateIn, hasUnchecked);
+    employeeList().LoadImportedPay();
+    const auto selection = selectedInOrder(employeeList(), {lngFrequencyIn, lngSLGNoIn, lngNAIDIn});
+    if (!selection.empty()) {
+        inOneBatch(DLLGlobal::g().DBDll(), [&] {
+            for (const Selected& selected : selection) run.prepare(selected.naid);
+        });
+    }
+    if (vRet) *vRet = run.takeColumns();
+    return {};
+}
+
+}  // namespace ledgerwick
