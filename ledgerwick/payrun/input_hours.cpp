@@ -8,10 +8,10 @@
 #include "ledgerwick/employee/pr_reports.h"
 #include "ledgerwick/payrun/due_employees.h"
 #include "ledgerwick/payrun/pay_record.h"
-#include "ledgerwick/payrun/statement.h"
 #include "ledgerwick/shell/dll_global.h"
 #include "ledgerwick/shell/payroll_functions.h"
 #include "ledgerwick/shell/schema.h"
+#include "ledgerwick/shell/statement.h"
 #include "ledgerwick/values/checked.h"
 #include "ledgerwick/values/text.h"
 
@@ -163,7 +163,7 @@ void CPayrollFunctions::InputHours::collectPeriodsDue() {
 }
 
 RecordsetRef CPayrollFunctions::InputHours::openRows() const {
-    const std::string sql = payrun::statement(
+    const std::string sql = statement(
         R"(SELECT *
            FROM PRPay
            WHERE (PRPNAID = @)

@@ -3,10 +3,10 @@
 #include <string>
 
 #include "ledgerwick/employee/pr_reports.h"
-#include "ledgerwick/payrun/statement.h"
 #include "ledgerwick/shell/dll_global.h"
 #include "ledgerwick/shell/payroll_functions.h"
 #include "ledgerwick/shell/schema.h"
+#include "ledgerwick/shell/statement.h"
 #include "ledgerwick/values/checked.h"
 
 namespace ledgerwick {
@@ -32,7 +32,7 @@ void copy(Recordset& from, Recordset& to, const std::array<FieldName, N>& fields
 }
 
 RecordsetRef openWalk() {
-    const std::string sql = payrun::statement(
+    const std::string sql = statement(
         R"(SELECT PRPay.*, PRTID
            FROM ( PRPay
              LEFT JOIN PREmployments

@@ -2,10 +2,10 @@
 #include <string>
 
 #include "ledgerwick/payrun/due_employees.h"
-#include "ledgerwick/payrun/statement.h"
 #include "ledgerwick/shell/dll_global.h"
 #include "ledgerwick/shell/payroll_functions.h"
 #include "ledgerwick/shell/schema.h"
+#include "ledgerwick/shell/statement.h"
 #include "ledgerwick/values/checked.h"
 
 namespace ledgerwick {
@@ -122,7 +122,7 @@ Date CPayrollFunctions::C_Update_Period_Date(bool* bNone) {
     bool unheard = false;
     bool& none = bNone ? *bNone : unheard;
     none = false;
-    const std::string sql = payrun::statement(
+    const std::string sql = statement(
         R"(SELECT Min(PRPPayDate) as NextDate
            FROM PRPay
            WHERE PRPPeriodUpdated = False

@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "ledgerwick/payrun/statement.h"
 #include "ledgerwick/shell/dll_global.h"
 #include "ledgerwick/shell/payroll_functions.h"
 #include "ledgerwick/shell/schema.h"
+#include "ledgerwick/shell/statement.h"
 #include "ledgerwick/values/checked.h"
 #include "ledgerwick/values/format.h"
 
@@ -138,7 +138,7 @@ const std::vector<FieldName>& fieldsForRefresh() {
 // ---- the employee
 
 RecordsetRef openForNewRow(std::int32_t naid) {
-    const std::string sql = payrun::statement(
+    const std::string sql = statement(
         R"(SELECT *
            FROM PREmployeeDetails
            WHERE PREmployeeDetails.PRENAID = @)",
@@ -147,7 +147,7 @@ RecordsetRef openForNewRow(std::int32_t naid) {
 }
 
 RecordsetRef openForRefresh(std::int32_t naid) {
-    const std::string sql = payrun::statement(
+    const std::string sql = statement(
         R"(SELECT PREmployeeDetails.*, PensionSchemes.*, Customers.NAUserRef
            FROM ((PREmployeeDetails
              LEFT JOIN Customers

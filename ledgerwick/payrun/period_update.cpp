@@ -5,10 +5,10 @@
 
 #include "ledgerwick/employee/pr_reports.h"
 #include "ledgerwick/payrun/due_employees.h"
-#include "ledgerwick/payrun/statement.h"
 #include "ledgerwick/shell/dll_global.h"
 #include "ledgerwick/shell/payroll_functions.h"
 #include "ledgerwick/shell/schema.h"
+#include "ledgerwick/shell/statement.h"
 
 namespace ledgerwick {
 
@@ -26,7 +26,7 @@ LookAhead stepped(CPayrollFunctions& payroll, const LookAhead& from, PR_Pay_Freq
 }
 
 RecordsetRef openRowsUpTo(Date payDate, std::int32_t naid) {
-    const std::string sql = payrun::statement(
+    const std::string sql = statement(
         R"(SELECT PRPPeriodUpdated, PRPNExpEPEDate, PRPNExpPayDate
            FROM PRPay
            WHERE PRPPaymentPeriod <> 0
@@ -72,7 +72,7 @@ void CPayrollFunctions::C_UpdatePayPeriod(std::int32_t lngNAIDIn, Date dPayDateI
 
 bool CPayrollFunctions::C_Reset_HasBeenVisited(std::int32_t lNAID) {
     try {
-        const std::string sql = payrun::statement(
+        const std::string sql = statement(
             R"(UPDATE PRPAY
                SET PRPHasBeenVisited = FALSE
                WHERE PRPPeriodUpdated = FALSE

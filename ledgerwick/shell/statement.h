@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace ledgerwick::payrun {
+namespace ledgerwick {
 
 // The text with each `@` replaced by the next value, in order.
 //
@@ -24,4 +24,4 @@ inline std::string statement(std::string_view text,
     return result.append(text);
 }
 
-}  // namespace ledgerwick::payrun
+}  // namespace ledgerwick
