@@ -24,10 +24,12 @@
 
 namespace ledgerwick {
 
-// Where `Add` puts a new item: at the end, or beside the item of a key.
+// Where `Add` puts a new item: at the end, or beside the item of a key or of a position from 1.
 struct Placement {
     std::string_view before{};
     std::string_view after{};
+    std::int32_t beforePosition = 0;
+    std::int32_t afterPosition = 0;
 };
 
 // Keys are compared exactly. An item stays where it is in memory until it is removed.
@@ -44,8 +46,8 @@ class Collection {
     }
 
     // Adds an item. An empty key adds it without one.
-    // Errors: 457 when the key is there already, 3265 when the key to stand beside is not, 5 when
-    //         both sides are named; the list stays as it was.
+    // Errors: 457 when the key is there already, 3265 or 9 when the key or the position to stand
+    //         beside is not, 5 when both sides are named; the list stays as it was.
     void Add(T item, std::string_view key = {}, Placement where = {});
 
     // An item by key, or by position from 1.
@@ -261,12 +263,20 @@ typename Collection<T>::Place Collection<T>::placeOf(std::int32_t position) cons
 
 template <class T>
 typename Collection<T>::Place Collection<T>::placeFor(Placement where) const {
-    if (!where.before.empty() && !where.after.empty()) {
+    const auto named = [](std::string_view key, std::int32_t position) {
+        return !key.empty() || position != 0;
+    };
+    const auto placeNamed = [this](std::string_view key, std::int32_t position) {
+        return key.empty() ? placeOf(position) : placeOf(nodeOf(key));
+    };
+    const bool before = named(where.before, where.beforePosition);
+    const bool after = named(where.after, where.afterPosition);
+    if (before && after) {
         raise(error_number::invalidCall, "Collection.Add", "both before and after");
     }
-    if (!where.before.empty()) return placeOf(nodeOf(where.before));
-    if (!where.after.empty()) {
-        const Place place = placeOf(nodeOf(where.after));
+    if (before) return placeNamed(where.before, where.beforePosition);
+    if (after) {
+        const Place place = placeNamed(where.after, where.afterPosition);
         return {place.chunk, place.offset + 1};
     }
     if (chunks_.empty()) return {0, 0};
