@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "ledgerwick/employment/employment.h"
 #include "ledgerwick/export.h"
@@ -15,6 +16,7 @@
 #include "ledgerwick/shell/record_access.h"
 #include "ledgerwick/values/collection.h"
 #include "ledgerwick/values/property.h"
+#include "ledgerwick/values/text.h"
 
 namespace ledgerwick {
 
@@ -22,105 +24,160 @@ class CAutoEnrolStatus;
 
 // Owned by the list, keyed by NAID; owns its employments, keyed by PRTID as a decimal string, in
 // the order of the load. A new object has every number 0, every boolean False, every date 0 and
-// every string empty. No setter validates anything, and none writes to the database.
+// every string empty. No setter validates anything, and none writes to the database; those of the
+// number and the address take surrounding spaces off.
 class LEDGERWICK_API cEmployee : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "cEmployee"; }
+    // A Variant holding the `Identify` of this object, made at the first read.
     Variant identifyClass() { return identify_.get(); }
+
+    // The fields that `UpdateWorkplacePensionDetails` reads from its row.
+    static FieldList workplacePensionFields() noexcept;
 
     // The live collection, oldest employment first.
     Collection<std::shared_ptr<cEmployment>>& Employments() noexcept { return employments_; }
-    Property<std::int32_t> Group;
+    Property<std::int32_t> Group;  // the employee's group number
 
+    // ---- employments (employment_selection.cpp) -------------------------------------------------
+
+    // The employment in force.
+    // Shape:  never empty: without one in force it is a blank record, the same at every read.
     std::shared_ptr<cEmployment> CurEmployment();
+    // The latest employment that is not void, and the one before it.
+    // Shape:  an empty reference when there is none; `*bNotKnown` is then set, and else left alone.
     std::shared_ptr<cEmployment> MostRecentEmployment(bool* bNotKnown = nullptr);
     std::int32_t MostRecentEmploymentPRTID() const noexcept { return mostRecentPRTID_; }
     std::shared_ptr<cEmployment> PreviousEmployment(bool* bNotKnown = nullptr);
     std::int32_t PreviousEmploymentPRTID() const noexcept { return previousPRTID_; }
+
+    // Adds an employment from the current row, at the end.
+    // Errors: 94 for a row without PRTID, 457 for a PRTID that is there already: nothing is added.
+    //         Those of `cEmployment::CreateEmployment`: the employment is added, partly filled.
     std::shared_ptr<cEmployment> AddEmployment(Recordset& rsEmployment);
+    // Hands a pay row to the employment of its PRTID.
+    // Errors: 94 for a row without PRTID, 3265 for an unknown one, those of
+    //         `cEmployment::AddPayment`.
     void AddPayment(Recordset& rsPay);
-    Property<bool> Active;
+    Property<bool> Active;  // the most recent employment is active
+    // Works out, once all pay rows are in, which employment is the most recent and which is in
+    // force, and starts the expected pay reference periods. It never takes back a flag that is set.
+    // Errors: those of `cEmployment::CalcExpPRP`; the flags of this employee are then set.
     void UpdateFlags();
+    // Takes the workplace scheme and its rates from a row of the employee joined with the scheme.
+    // Errors: 94 for a Null rate; what came before it stays changed.
     void UpdateWorkplacePensionDetails(Recordset& rsEmp);
 
-    Property<std::string> IID;
-    Property<std::int32_t> OtherID;
-    Property<std::int32_t> NAID;
-    const std::string& BusName() const noexcept { return busName_; }
+    // ---- the person (employee.cpp) --------------------------------------------------------------
+
+    // clang-format off
+    Property<std::string>  IID;              // an identifier that the host may set; not loaded
+    std::int32_t           OtherID() const noexcept { return otherID_; }
+    void                   OtherID(std::int32_t value) noexcept { otherID_ = value; }
+    Property<std::int32_t> NAID;             // the identity of the employee everywhere
+    const std::string&     BusName() const noexcept { return busName_; }
+    // clang-format on
+
+    // Stores the name and has the host split it into the parts and `OtherID`.
+    // Errors: 91 without a host, those of the host; the name is then stored.
     void BusName(std::string value);
-    Property<std::string> SortSeq;
+    Property<std::string> SortSeq;  // sort sequence
+
+    // "Mr John Paul Smith" and "Mr John Smith"; a missing part leaves no double space.
     std::string Name() const;
     std::string ShortName() const;
-    const std::string& NINO() const noexcept { return nino_; }
-    void NINO(std::string_view value);
-    Property<bool> HourlyPaid;
-    Property<bool> NINODuplicated;
-    Property<bool> IIDDuplicated;
-    const std::string& Forename1() const noexcept { return forename1_; }
-    const std::string& Title() const noexcept { return title_; }
-    const std::string& Forename2() const noexcept { return forename2_; }
-    const std::string& OtherForenames() const noexcept { return otherForenames_; }
-    const std::string& Surname() const noexcept { return surname_; }
-    std::string Forenames() const;
-    Property<std::string> Sex;
-    const std::string& Add1() const noexcept { return add1_; }
-    void Add1(std::string_view value);
-    const std::string& Add2() const noexcept { return add2_; }
-    void Add2(std::string_view value);
-    const std::string& PostCode() const noexcept { return postCode_; }
-    void PostCode(std::string_view value);
+
+    // clang-format off
+    const std::string&     NINO() const noexcept { return nino_; }
+    void                   NINO(std::string_view value) { nino_ = trim(value); }
+    Property<bool>         HourlyPaid;                        // paid by the hour
+    Property<bool>         NINODuplicated;                    // another employee has the number
+    Property<bool>         IIDDuplicated;                     // another employee has the IID
+    const std::string&     Forename1() const noexcept { return forename1_; }
+    const std::string&     Title() const noexcept { return title_; }
+    const std::string&     Forename2() const noexcept { return forename2_; }
+    const std::string&     OtherForenames() const noexcept { return otherForenames_; }
+    const std::string&     Surname() const noexcept { return surname_; }
+    std::string            Forenames() const;                 // a missing one leaves its blank
+    Property<std::string>  Sex;
+    const std::string&     Add1() const noexcept { return add1_; }
+    void                   Add1(std::string_view value) { add1_ = trim(value); }
+    const std::string&     Add2() const noexcept { return add2_; }
+    void                   Add2(std::string_view value) { add2_ = trim(value); }
+    const std::string&     PostCode() const noexcept { return postCode_; }
+    void                   PostCode(std::string_view value) { postCode_ = trim(value); }
+    // clang-format on
+
+    // The address on a form of `lPieces` lines: country last, post code before it, and the other
+    // lines from the top, of which the shortest neighbours are joined until they fit.
+    // Shape:  an array (1 To lPieces); lines that are not needed are Empty.
+    // Errors: 9 for fewer than three lines, those of the host's `DeleteFromArray`.
     Variant Address(std::int32_t lPieces);
-    Property<std::string> Email;
-    Property<std::string> Phone_Home;
-    Property<std::string> Phone_Mobile;
-    Property<std::string> Phone_Work;
-    Property<Date> DOB;
-    const std::string& Village() const noexcept { return village_; }
-    void Village(std::string_view value);
-    const std::string& Town() const noexcept { return town_; }
-    void Town(std::string_view value);
-    const std::string& County() const noexcept { return county_; }
-    void County(std::string_view value);
-    const std::string& Country() const noexcept { return country_; }
-    void Country(std::string_view value);
-    Property<Date> AEOptInDate;
+
+    // clang-format off
+    Property<std::string>  Email;
+    Property<std::string>  Phone_Home;            // the telephone numbers are the host's; not loaded
+    Property<std::string>  Phone_Mobile;
+    Property<std::string>  Phone_Work;
+    Property<Date>         DOB;                   // date of birth
+    const std::string&     Village() const noexcept { return village_; }
+    void                   Village(std::string_view value) { village_ = trim(value); }
+    const std::string&     Town() const noexcept { return town_; }
+    void                   Town(std::string_view value) { town_ = trim(value); }
+    const std::string&     County() const noexcept { return county_; }
+    void                   County(std::string_view value) { county_ = trim(value); }
+    const std::string&     Country() const noexcept { return country_; }
+    void                   Country(std::string_view value) { country_ = trim(value); }
+    Property<Date>         AEOptInDate;           // auto-enrolment dates, the zero date for none
+    // clang-format on
+
+    // The opt-out date, or the zero date when it lies before the latest employment began.
+    // Errors: 91 while there is no most recent employment.
     Date AEOptOutDate();
     void AEOptOutDate(Date value) noexcept { aeOptOutDate_ = value; }
-    Property<Date> AEJoinedDate;
-    Property<Date> AEPostponementDate;
-    Property<bool> Casual;
-    Property<std::int16_t> PayFrequency;
-    Property<std::string> Seq;
-    Property<bool> Director;
-    Property<std::string> NITable;
-    Property<std::string> TaxCode;
-    Property<std::int32_t> PenWorkplaceSchemeID;
-    Property<bool> PenWorkplaceUseSchemeRates;
-    Property<float> PenWorkplaceEEDeductPC;
-    Property<float> PenWorkplaceERDeductPC;
-    Property<Currency> PenWorkplaceEEDeductFlat;
-    Property<Currency> PenWorkplaceERDeductFlat;
-    Property<Currency> HourlyRate;
-    Property<Currency> PeriodRate;
+
+    // clang-format off
+    Property<Date>         AEJoinedDate;
+    Property<Date>         AEPostponementDate;
+    Property<bool>         Casual;                      // the current employment is casual
+    Property<std::int16_t> PayFrequency;                // a PR_Pay_Freq value
+    Property<std::string>  Seq;                         // the short code of the name
+    Property<bool>         Director;
+    Property<std::string>  NITable;                     // National Insurance table letter
+    Property<std::string>  TaxCode;
+    Property<std::int32_t> PenWorkplaceSchemeID;        // workplace scheme, 0 for none
+    Property<bool>         PenWorkplaceUseSchemeRates;  // the default rates of the scheme apply
+    Property<float>        PenWorkplaceEEDeductPC;      // employee's and employer's percentages
+    Property<float>        PenWorkplaceERDeductPC;
+    Property<Currency>     PenWorkplaceEEDeductFlat;    // and their flat amounts
+    Property<Currency>     PenWorkplaceERDeductFlat;
+    Property<Currency>     HourlyRate;                  // standard rates
+    Property<Currency>     PeriodRate;
+    // clang-format on
 
     // autoenrol/
     std::shared_ptr<CAutoEnrolStatus> GetAutoEnrolStatus(Date dtmPayDateUpTo,
                                                          std::int32_t lPayrollYear,
                                                          bool bPeriodUpdated);
 
+    // The employment under a PRTID in decimal, or an empty reference.
     std::shared_ptr<cEmployment> GetEmploymentByIndex(const std::string& Index);
-    Property<std::string> UserRef;
-    Property<float> HolidayAllowance;
+    Property<std::string> UserRef;     // the user's reference
+    Property<float> HolidayAllowance;  // days
 
   private:
     void SplitName();
     void LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayrollYear);
     bool ItemExists(const std::string& Index);
 
+    std::shared_ptr<cEmployment> employmentOf(std::int32_t prtid) const noexcept;
+    void carryLastRTI(cEmployment& employment);
+
     Collection<std::shared_ptr<cEmployment>> employments_;
     std::shared_ptr<cEmployment> curEmployment_;
     std::int32_t mostRecentPRTID_ = 0;
     std::int32_t previousPRTID_ = 0;
+    std::int32_t otherID_ = 0;
     Date aeOptOutDate_;
     std::string busName_, nino_;
     std::string title_, forename1_, forename2_, otherForenames_, surname_;

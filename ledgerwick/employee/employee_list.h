@@ -9,6 +9,10 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <variant>
 
 #include "ledgerwick/employee/employee.h"
 #include "ledgerwick/export.h"
@@ -16,7 +20,6 @@
 #include "ledgerwick/shell/identify.h"
 #include "ledgerwick/shell/record_access.h"
 #include "ledgerwick/values/collection.h"
-#include "ledgerwick/values/dictionary.h"
 
 namespace ledgerwick {
 
@@ -27,30 +30,59 @@ namespace ledgerwick {
 class LEDGERWICK_API CEmployeeList : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "CEmployeeList"; }
+    // A Variant holding the `Identify` of this object, made at the first read.
     Variant identifyClass() { return identify_.get(); }
 
-    // The live collection, not a copy.
+    // The live collection, not a copy. A full load fills it in ascending NAID; a reloaded employee
+    // stands last.
     Collection<std::shared_ptr<cEmployee>>& Employees() noexcept { return employees_; }
 
+    // Adds all employees of the store with their employments and pay, and works out their flags.
+    // Always False. A list that was filled before is to be cleared first.
+    // Shape:  `lblProgress` is a `Label`, which is kept for later loads; any other object, and none,
+    //         leaves the label kept before. Without a label the captions go nowhere.
+    // Errors: those of the database; 94 for a Null where a value is read, 457 for a list that was
+    //         not cleared, 3265 for a pay row of an unknown employment and 91 for one of an unknown
+    //         employee. The list stays as far as it came: employees in order, then pay rows, then
+    //         flags.
     bool LoadEmployees(const ObjectRef& lblProgress = nullptr);
+    // Replaces one employee from the store, at the end of the list. Always False. An employee
+    // without employments is only removed.
+    // Errors: as LoadEmployees; the old object has then left the list.
     bool ReLoadEmployee(std::int32_t lNAID);
+
+    // Puts an object of the host's into the collection, in place of the one under that key. No
+    // look-up by NAID or number knows it.
+    // Shape:  `key` is a text, or Empty for none; `Before` and `After` are a key or a position.
+    // Errors: 91 for an empty reference; 13 for a key of another kind, 3265 or 9 for a neighbour
+    //         that is not there, 5 when both are given: what stood under the key is then gone.
     void Add(const std::shared_ptr<cEmployee>& newItem, const Variant& key = {},
              const Variant& Before = {}, const Variant& After = {});
+
+    // Shape:  a text is a key, a number a position from 1.
     std::shared_ptr<cEmployee> GetEmployeeByIndex(const Variant& Index);
     std::shared_ptr<cEmployee> GetEmployeeByNAID(std::int32_t NAID);
+    // Shape:  the number exactly as the store holds it. Of employees that share it, the first.
     std::shared_ptr<cEmployee> GetEmployeeByNINO(const std::string& NINO);
     std::int32_t EmployeeCount() const noexcept { return employees_.Count(); }
     bool ExistsByIndex(const Variant& Index);
     bool ExistsByIID(const Variant& IID);
     bool ExistsByNAID(std::int32_t NAID);
     bool ExistsByNINO(const std::string& NINO);
+    // Empties the list. The label stays.
     void Clear();
+    // Adds a new employee from the NAID and the number of the current row, with none of its
+    // properties set. Employees that share a number are marked `NINODuplicated`.
+    // Errors: 94 for a row without NAID, 457 for an employee that is in the list already.
     std::shared_ptr<cEmployee> CreateEmployee(Recordset& rsEmp);
 
     // imported/
     Variant LoadImportedPay();
 
   private:
+    using IIDKey = std::variant<double, std::string>;  // numeric texts are kept as numbers
+
+    // load.cpp
     void LoadFromRecordset(std::int32_t lNAID, RecordsetRef rs);
     void LoadEmployeeRows(Recordset& rs);
     void RemoveEmployee(std::int32_t lNAID);
@@ -58,7 +90,16 @@ class LEDGERWICK_API CEmployeeList : public Object {
     void LoadPayments(std::int32_t lNAID, std::int32_t lPayrollYear);
     bool ItemExists(const Variant& Index);
 
+    void showProgress(std::string_view caption);
+    const std::shared_ptr<cEmployee>* itemAt(const Variant& index) const noexcept;
+
     Collection<std::shared_ptr<cEmployee>> employees_;
+    // The indexes lead to keys of the collection, which are NAIDs, and may outlive the employee.
+    std::unordered_set<std::int32_t> naidIndex_;
+    std::unordered_map<std::string, std::int32_t> ninoIndex_;
+    std::unordered_map<IIDKey, std::int32_t> iidIndex_;  // nothing fills it
+    std::shared_ptr<Label> label_;
+    Date minStart_;  // the earliest employment start in the store, as of the last load
     IdentifyHolder identify_;
 };
 

@@ -1,0 +1,135 @@
+#include "ledgerwick/employee/employee.h"
+
+#include <array>
+#include <cstddef>
+#include <utility>
+
+#include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/values/text.h"
+
+namespace ledgerwick {
+
+void cEmployee::BusName(std::string value) {
+    busName_ = std::move(value);
+    SplitName();
+}
+
+void cEmployee::SplitName() {
+    DLLGlobal::g().C_customerFunctions().SplitContactName(busName_, title_, forename1_, forename2_,
+                                                          surname_, otherForenames_, otherID_);
+}
+
+namespace {
+
+// `name` and one part more; a blank end of `name` does not double the blank between them.
+std::string withPart(std::string_view name, std::string_view part) {
+    std::string longer(trimRight(name));
+    longer += ' ';
+    longer += part;
+    return longer;
+}
+
+}  // namespace
+
+std::string cEmployee::Name() const {
+    const std::string forenames = withPart(title_ + ' ' + forename1_, forename2_);
+    return std::string(trim(withPart(forenames, surname_)));
+}
+
+std::string cEmployee::ShortName() const {
+    return std::string(trim(withPart(title_ + ' ' + forename1_, surname_)));
+}
+
+std::string cEmployee::Forenames() const {
+    return std::string(trim(forename1_ + ' ' + forename2_ + ' ' + otherForenames_));
+}
+
+// ---- address ------------------------------------------------------------------------------------
+
+namespace {
+
+// The lines that hold something, in order, as an array from 1.
+VariantArray filledLines(std::initializer_list<const std::string*> lines) {
+    VariantArray filled(1, 0);
+    for (const std::string* line : lines) {
+        if (line->empty()) continue;
+        filled.resizeLast(filled.upperBound() + 1);
+        filled.at(filled.upperBound()) = *line;
+    }
+    return filled;
+}
+
+// The first of the two neighbours that are shortest together; of equals the upper ones.
+std::int32_t shortestPair(const VariantArray& lines) {
+    std::int32_t shortest = 1;
+    std::size_t shortestLength = SIZE_MAX;
+    for (std::int32_t i = 1; i < lines.upperBound(); ++i) {
+        const std::size_t length =
+            characterCount(lines.at(i).textView()) + characterCount(lines.at(i + 1).textView());
+        if (length >= shortestLength) continue;
+        shortest = i;
+        shortestLength = length;
+    }
+    return shortest;
+}
+
+void joinShortestPair(VariantArray& lines) {
+    const std::int32_t pair = shortestPair(lines);
+    lines.at(pair) = lines.at(pair).toText() + ", " + lines.at(pair + 1).toText();
+    lines.at(pair + 1) = "";
+    DLLGlobal::pf().DeleteFromArray(lines, "");
+}
+
+}  // namespace
+
+Variant cEmployee::Address(std::int32_t lPieces) {
+    if (lPieces < 3) raise(error_number::subscriptOutOfRange, "cEmployee.Address");
+    VariantArray address(1, lPieces);
+    address.at(lPieces) = country_;
+    address.at(lPieces - 1) = postCode_;
+
+    VariantArray lines = filledLines({&add1_, &add2_, &village_, &town_, &county_});
+    while (lines.upperBound() > lPieces - 2) joinShortestPair(lines);
+    for (std::int32_t i = 1; i <= lines.upperBound(); ++i) address.at(i) = lines.at(i);
+    return address;
+}
+
+// ---- workplace pension --------------------------------------------------------------------------
+
+FieldList cEmployee::workplacePensionFields() noexcept {
+    static constexpr std::array fields{
+        field::PSID,
+        field::PSDefEE,
+        field::PSDefER,
+        field::PREPenWorkplaceSchemeID,
+        field::PREPenWorkplaceUseSchemeRates,
+        field::PREPenWorkplaceEEDeductPerC,
+        field::PREPenWorkplaceERDeductPerC,
+        field::PREPenWorkplaceEEDeductFlat,
+        field::PREPenWorkplaceERDeductFlat,
+    };
+    return fields;
+}
+
+void cEmployee::UpdateWorkplacePensionDetails(Recordset& rsEmp) {
+    PenWorkplaceSchemeID(rsEmp.IsNull(field::PSID) ? 0 : rsEmp.GetInt32(field::PSID));
+    const bool withoutScheme = !rsEmp.IsNull(field::PREPenWorkplaceSchemeID) &&
+                               rsEmp.GetInt32(field::PREPenWorkplaceSchemeID) == 0;
+    if (withoutScheme) return;
+
+    PenWorkplaceUseSchemeRates(rsEmp.GetBoolean(field::PREPenWorkplaceUseSchemeRates));
+    if (PenWorkplaceUseSchemeRates()) {
+        PenWorkplaceEEDeductPC(rsEmp.GetSingle(field::PSDefEE));
+        PenWorkplaceERDeductPC(rsEmp.GetSingle(field::PSDefER));
+        PenWorkplaceEEDeductFlat({});
+        PenWorkplaceERDeductFlat({});
+    } else {
+        PenWorkplaceEEDeductPC(rsEmp.GetSingle(field::PREPenWorkplaceEEDeductPerC));
+        PenWorkplaceERDeductPC(rsEmp.GetSingle(field::PREPenWorkplaceERDeductPerC));
+        PenWorkplaceEEDeductFlat(rsEmp.GetCurrency(field::PREPenWorkplaceEEDeductFlat));
+        PenWorkplaceERDeductFlat(rsEmp.GetCurrency(field::PREPenWorkplaceERDeductFlat));
+    }
+}
+
+}  // namespace ledgerwick

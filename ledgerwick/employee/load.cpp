@@ -1,0 +1,258 @@
+// The load: two queries in, a tree of employees and employments with their pay folded in.
+#include <iterator>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/employee/pr_reports.h"
+#include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/shell/schema.h"
+
+namespace ledgerwick {
+
+namespace {
+
+// ---- the fields of an employee ------------------------------------------------------------------
+
+// A field of the current row, read as the type that its property takes.
+struct FieldValue {
+    Recordset& row;
+    const FieldName& name;
+
+    operator bool() const { return row.GetBoolean(name); }
+    operator std::int16_t() const { return row.GetInt16(name); }
+    operator std::int32_t() const { return row.GetInt32(name); }
+    operator float() const { return row.GetSingle(name); }
+    operator Currency() const { return row.GetCurrency(name); }
+    operator Date() const { return row.GetDate(name); }
+    operator std::string_view() const { return row.GetText(name); }
+    operator std::string() const { return std::string(row.GetText(name)); }
+};
+
+struct Binding {
+    FieldName field;
+    void (*fill)(cEmployee& emp, const FieldValue& value);
+};
+
+// Which field fills which property, in the order of the filling.
+constexpr Binding employeeBindings[] = {
+    // clang-format off
+    {field::NAID,                       [](auto& emp, auto& value) { emp.NAID(value); }},
+    {field::NASeq,                      [](auto& emp, auto& value) { emp.Seq(value); }},
+    {field::NABusName,                  [](auto& emp, auto& value) { emp.BusName(value); }},
+    {field::NASeq,                      [](auto& emp, auto& value) { emp.SortSeq(value); }},
+    {field::NAUserRef,                  [](auto& emp, auto& value) { emp.UserRef(value); }},
+    {field::PRESex,                     [](auto& emp, auto& value) { emp.Sex(value); }},
+    {field::PREDoB,                     [](auto& emp, auto& value) { emp.DOB(value); }},
+    {field::NAAdd1,                     [](auto& emp, auto& value) { emp.Add1(value); }},
+    {field::NAAdd2,                     [](auto& emp, auto& value) { emp.Add2(value); }},
+    {field::NAVillage,                  [](auto& emp, auto& value) { emp.Village(value); }},
+    {field::NATown,                     [](auto& emp, auto& value) { emp.Town(value); }},
+    {field::NACounty,                   [](auto& emp, auto& value) { emp.County(value); }},
+    {field::NAPostCode,                 [](auto& emp, auto& value) { emp.PostCode(value); }},
+    {field::NACountry,                  [](auto& emp, auto& value) { emp.Country(value); }},
+    {field::NAEMailADD,                 [](auto& emp, auto& value) { emp.Email(value); }},
+    {field::PREPayFrequency,            [](auto& emp, auto& value) { emp.PayFrequency(value); }},
+    {field::PRENINO,                    [](auto& emp, auto& value) { emp.NINO(value); }},
+    {field::PRENITable,                 [](auto& emp, auto& value) { emp.NITable(value); }},
+    {field::PRETaxCode,                 [](auto& emp, auto& value) { emp.TaxCode(value); }},
+    {field::PREDirector,                [](auto& emp, auto& value) { emp.Director(value); }},
+    {field::PREGroup,                   [](auto& emp, auto& value) { emp.Group(value); }},
+    {field::PREHourlyPaid,              [](auto& emp, auto& value) { emp.HourlyPaid(value); }},
+    {field::PREStdHourlyRate,           [](auto& emp, auto& value) { emp.HourlyRate(value); }},
+    {field::PREStdPeriodRate,           [](auto& emp, auto& value) { emp.PeriodRate(value); }},
+    {field::PREHDays,                   [](auto& emp, auto& value) { emp.HolidayAllowance(value); }},
+    {field::PREPensionJoinedDate,       [](auto& emp, auto& value) { emp.AEJoinedDate(value); }},
+    {field::PREPensionOptInDate,        [](auto& emp, auto& value) { emp.AEOptInDate(value); }},
+    {field::PREPensionOptOutDate,       [](auto& emp, auto& value) { emp.AEOptOutDate(value); }},
+    {field::PREPensionPostponementDate, [](auto& emp, auto& value) { emp.AEPostponementDate(value); }},
+    // clang-format on
+};
+
+void fillEmployee(cEmployee& employee, Recordset& rs) {
+    for (const Binding& binding : employeeBindings)
+        binding.fill(employee, FieldValue{rs, binding.field});
+    employee.UpdateWorkplacePensionDetails(rs);
+}
+
+// ---- what the load reads, for a layer that leaves the rest undecoded ----------------------------
+
+void append(std::vector<FieldName>& fields, FieldList more) {
+    fields.insert(fields.end(), more.begin(), more.end());
+}
+
+const std::vector<FieldName>& employeeFields() {
+    static const std::vector<FieldName> fields = [] {
+        std::vector<FieldName> all{field::PREOriginallyJoined};
+        for (const Binding& binding : employeeBindings) all.push_back(binding.field);
+        append(all, cEmployee::workplacePensionFields());
+        append(all, cEmployment::employmentFields());
+        return all;
+    }();
+    return fields;
+}
+
+const std::vector<FieldName>& paymentFields() {
+    static const std::vector<FieldName> fields = [] {
+        std::vector<FieldName> all{field::PRPNAID, field::PRTID};
+        append(all, cEmployment::paymentFields());
+        return all;
+    }();
+    return fields;
+}
+
+// ---- how neighbouring employments hang together -------------------------------------------------
+
+// A return within so many days is the same employment for auto-enrolment, and one within a year
+// keeps the student loan.
+constexpr std::int32_t aeReturnDays = 7;
+constexpr std::int32_t studentLoanDays = 365;
+
+void startFirstEmployment(cEmployment& first, Date minStart, Recordset& rs) {
+    const bool startsWithTheRecords = first.PRTStartDate() == minStart;
+    first.StartDate(startsWithTheRecords ? rs.GetDate(field::PREOriginallyJoined)
+                                         : first.PRTStartDate());
+    first.HMRCStartDate(first.StartDate());
+}
+
+void carryStudentLoan(const cEmployment& prev, cEmployment& next) {
+    next.SLLastKnownPlan(prev.SLLastKnownPlan());
+    next.SLCurStatus(prev.SLCurStatus());
+}
+
+void continueEmployment(const cEmployment& prev, cEmployment& next) {
+    next.HMRCStartDate(prev.HMRCStartDate());
+    next.Continuation(true);
+    next.ContinuationOfPRTID(prev.PRTID());
+    next.AEContinuation(true);
+    carryStudentLoan(prev, next);
+}
+
+void returnAfterGap(const cEmployment& prev, cEmployment& next) {
+    const std::int32_t gap =
+        next.PRTStartDate().roundedDayNumber() - prev.EndDate().roundedDayNumber();
+    if (gap <= aeReturnDays) next.AEContinuation(true);
+    if (gap <= studentLoanDays) carryStudentLoan(prev, next);
+}
+
+void followEmployment(const cEmployment& prev, cEmployment& next) {
+    if (!prev.EndDate().isSet() && prev.Casual() == next.Casual()) {
+        continueEmployment(prev, next);
+    } else {
+        next.HMRCStartDate(next.PRTStartDate());
+        next.Continuation(false);
+    }
+    if (!next.AEContinuation() && prev.EndDate().isSet()) returnAfterGap(prev, next);
+    next.StartDate(next.Continuation() || next.AEContinuation() ? prev.StartDate()
+                                                                : next.PRTStartDate());
+}
+
+// ---- the rows of one employee -------------------------------------------------------------------
+
+// The name for the caption; one that is missing is told when it is read into its property.
+std::string nameIn(Recordset& rs) {
+    return rs.IsNull(field::NABusName) ? std::string() : std::string(rs.GetText(field::NABusName));
+}
+
+bool isRowOf(std::int32_t naid, Recordset& rs) {
+    return !rs.IsNull(field::NAID) && rs.GetInt32(field::NAID) == naid;
+}
+
+Date earliestStart() {
+    const RecordsetRef rs = DLLGlobal::g().DBDll().OpenRecordset(
+        "SELECT min(PRTStartDate) AS MinStart FROM PREmployments", RecordsetType::Snapshot);
+    const Date earliest = rs->GetDate(field::MinStart);
+    rs->Close();
+    return earliest;
+}
+
+}  // namespace
+
+// ---- the two loads ------------------------------------------------------------------------------
+
+bool CEmployeeList::LoadEmployees(const ObjectRef& lblProgress) {
+    if (lblProgress && lblProgress->TypeName() == "Label") {
+        auto label = std::dynamic_pointer_cast<Label>(lblProgress);
+        if (!label) raise(error_number::noSuchMember, "CEmployeeList.LoadEmployees", "Caption");
+        label_ = std::move(label);
+    }
+    showProgress("Loading Employees......");
+    LoadFromRecordset(0, OpenEmployeesRS(0, employeeFields()));
+    return false;
+}
+
+bool CEmployeeList::ReLoadEmployee(std::int32_t lNAID) {
+    RemoveEmployee(lNAID);
+    LoadFromRecordset(lNAID, OpenEmployeesRS(lNAID, employeeFields()));
+    return false;
+}
+
+void CEmployeeList::LoadFromRecordset(std::int32_t lNAID, RecordsetRef rs) {
+    if (rs->RecordCount() != 0) {
+        for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
+            if (label_) showProgress("Loading " + nameIn(*rs) + "......");
+            LoadEmployeeRows(*rs);
+        }
+    }
+    rs.reset();
+
+    LoadPayments(lNAID, -1);
+    showProgress("Checking Figures......");
+    UpdateEmployeeFlags(lNAID);
+    showProgress("Figures Checked......");
+}
+
+// Leaves `rs` on the last row of the employee.
+void CEmployeeList::LoadEmployeeRows(Recordset& rs) {
+    if (rs.AbsolutePosition() == 0) minStart_ = earliestStart();
+
+    const std::int32_t naid = rs.GetInt32(field::NAID);
+    const auto employee = ExistsByNAID(naid) ? GetEmployeeByNAID(naid) : CreateEmployee(rs);
+    std::shared_ptr<cEmployment> prev;
+    for (; !rs.Eof() && isRowOf(naid, rs); rs.MoveNext()) {
+        auto employment = employee->AddEmployment(rs);
+        if (prev) {
+            followEmployment(*prev, *employment);
+        } else {
+            startFirstEmployment(*employment, minStart_, rs);
+        }
+        prev = std::move(employment);
+    }
+    rs.MovePrevious();
+    fillEmployee(*employee, rs);
+}
+
+void CEmployeeList::LoadPayments(std::int32_t lNAID, std::int32_t lPayrollYear) {
+    const RecordsetRef rs = OpenPaymentsRS(lNAID, 0, lPayrollYear, paymentFields());
+    if (rs->RecordCount() == 0) return;
+
+    std::shared_ptr<cEmployee> employee;
+    std::int32_t lastNAID = 0;
+    for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
+        const std::int32_t naid = rs->GetInt32(field::PRPNAID);
+        if (naid != lastNAID) {
+            employee = GetEmployeeByNAID(naid);
+            lastNAID = naid;
+            if (!employee) raise(error_number::objectNotSet, "CEmployeeList.LoadPayments");
+            if (label_) showProgress("Loading Payments for " + employee->BusName());
+        }
+        employee->AddPayment(*rs);
+    }
+}
+
+void CEmployeeList::UpdateEmployeeFlags(std::int32_t lNAID) {
+    if (lNAID == 0) {
+        for (const auto& employee : employees_) employee->UpdateFlags();
+    } else if (const auto employee = GetEmployeeByNAID(lNAID)) {
+        employee->UpdateFlags();
+    }
+}
+
+void CEmployeeList::showProgress(std::string_view caption) {
+    if (!label_) return;
+    label_->Caption(caption);
+    label_->DoEvents();
+}
+
+}  // namespace ledgerwick
