@@ -55,18 +55,6 @@ bool isReported(Recordset& row) {
     return !row.IsNull(field::PRPStatus) && row.GetDouble(field::PRPStatus) >= reported;
 }
 
-// Two periods without a frequency of their own are told to the host by a number each.
-std::int16_t payFrequencyOf(std::int16_t period) {
-    switch (period) {
-        case 5:
-            return -10;
-        case 3:
-            return -11;
-        default:
-            return PR_Convert_PayPeriod_to_PayFreq(period);
-    }
-}
-
 // A monthly row holds minus its tax month.
 std::int16_t taxMonthOf(std::int16_t period) {
     return narrowToInt16(std::abs(std::int32_t{period}));
@@ -91,6 +79,17 @@ std::int16_t reportedPeriodNumber(std::int16_t period, std::int16_t week) {
 }
 
 }  // namespace
+
+std::int16_t payFrequencyOf(std::int16_t period) {
+    switch (period) {
+        case 5:
+            return -10;
+        case 3:
+            return -11;
+        default:
+            return PR_Convert_PayPeriod_to_PayFreq(period);
+    }
+}
 
 FieldList cEmployment::paymentFields() noexcept {
     return payRowFields;

@@ -1,0 +1,243 @@
+#include "ledgerwick/autoenrol/ae_letter_detail.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/values/error.h"
+#include "ledgerwick/values/format.h"
+#include "ledgerwick/values/text.h"
+
+namespace ledgerwick {
+namespace {
+
+constexpr std::string_view templateFolder = "AE Letter Templates";
+
+// ---- files --------------------------------------------------------------------------------------
+
+std::filesystem::path pathOf(std::string_view utf8) {
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::string textOf(const std::filesystem::path& path) {
+    const std::u8string utf8 = path.u8string();
+    return {utf8.begin(), utf8.end()};
+}
+
+std::filesystem::path programFolder() {
+    return pathOf(DLLGlobal::CallerGlobal().App().Path());
+}
+
+std::string defaultSignatureFile() {
+    return textOf(programFolder() / "Graphics" / "Signature.gif");
+}
+
+bool fileExists(const std::filesystem::path& path) {
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(path, ignored);
+}
+
+// The template in its own folder, else in the program folder, else an empty path.
+std::filesystem::path findTemplate(const std::string& fileName) {
+    const std::filesystem::path program = programFolder();
+    for (const auto& folder : {program / templateFolder, program}) {
+        const auto path = folder / pathOf(fileName);
+        if (fileExists(path)) return path;
+    }
+    return {};
+}
+
+std::string readTemplate(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes;
+    char part[4096];
+    while (file.read(part, sizeof part) || file.gcount() > 0) {
+        bytes.append(part, static_cast<std::size_t>(file.gcount()));
+    }
+    if (!file.eof()) raise(error_number::fileError, "LetterText", textOf(path));
+    return windows1252ToUtf8(bytes);
+}
+
+// ---- year blocks --------------------------------------------------------------------------------
+
+constexpr std::string_view tagPattern = "$Pre##_##Text$";  // # is a digit
+
+bool isTag(std::string_view text) {
+    for (std::size_t i = 0; i < tagPattern.size(); ++i) {
+        const bool fits =
+            tagPattern[i] == '#' ? text[i] >= '0' && text[i] <= '9' : text[i] == tagPattern[i];
+        if (!fits) return false;
+    }
+    return true;
+}
+
+// Where the first tag begins, or npos.
+std::size_t findTag(std::string_view text) {
+    for (std::size_t at = text.find('$'); at != text.npos; at = text.find('$', at + 1)) {
+        if (text.size() - at < tagPattern.size()) break;
+        if (isTag(text.substr(at))) return at;
+    }
+    return text.npos;
+}
+
+// The payroll year number behind the "_" of a tag: the block is for letters of years before it.
+int yearOfTag(std::string_view tag) {
+    return (tag[7] - '0') * 10 + (tag[8] - '0');
+}
+
+}  // namespace
+
+CAELetterDetail::CAELetterDetail() {
+    if (DLLGlobal::references().CallerGlobal) signatureFile_ = defaultSignatureFile();
+}
+
+// ---- values that the template shows -------------------------------------------------------------
+
+void CAELetterDetail::EmployeeForename(std::string value) {
+    fillPlaceholder("%Forename%", value);
+    employeeForename_ = std::move(value);
+}
+
+void CAELetterDetail::AETriggerGBP_M(Currency value) {
+    aeTriggerMonth_ = value;
+    fillPlaceholder("%AETrigger£M%", formatNumber(value, "###0"));
+}
+
+void CAELetterDetail::AETriggerGBP_A(Currency value) {
+    aeTriggerYear_ = value;
+    fillPlaceholder("%AETrigger£A%", formatNumber(value, "#,##0"));
+}
+
+void CAELetterDetail::AETriggerGBP_W(Currency value) {
+    aeTriggerWeek_ = value;
+    fillPlaceholder("%AETrigger£W%", formatNumber(value, "###0"));
+}
+
+void CAELetterDetail::AEMinContribPct(float value) {
+    aeMinContribPct_ = value;
+    fillPlaceholder("%AEMinContrib%", formatNumber(double{value}, "###0"));
+}
+
+void CAELetterDetail::AEMinEmployerContribPct(float value) {
+    aeMinEmployerContribPct_ = value;
+    fillPlaceholder("%AEMinEmployerContrib%", formatNumber(double{value}, "###0"));
+}
+
+void CAELetterDetail::AEMinEmployeeContribPct(float value) {
+    aeMinEmployeeContribPct_ = value;
+    fillPlaceholder("%AEMinEmployeeContrib%", formatNumber(double{value}, "###0"));
+}
+
+void CAELetterDetail::PensionProvider(std::string value) {
+    fillPlaceholder("%PensionProvider%", value);
+    pensionProvider_ = std::move(value);
+}
+
+void CAELetterDetail::LELGBP_M(Currency value) {
+    lelMonth_ = value;
+    fillPlaceholder("%LEL£M%", formatNumber(value, "###0"));
+}
+
+void CAELetterDetail::LELGBP_W(Currency value) {
+    lelWeek_ = value;
+    fillPlaceholder("%LEL£W%", formatNumber(value, "###0"));
+}
+
+void CAELetterDetail::AETriggerAge(std::int16_t value) {
+    aeTriggerAge_ = value;
+    fillPlaceholder("%AETriggerAge%", formatNumber(static_cast<double>(value), " ###0"));
+}
+
+void CAELetterDetail::PayDateFull(Date value) {
+    payDateFull_ = value;
+    fillPlaceholder("%PayDateFull%", formatDate(value, " dd mmmm yyyy"));
+}
+
+Date CAELetterDetail::LetterDate() const {
+    return letterDate_.isSet() ? letterDate_ : DLLGlobal::g().g_dtmToday();
+}
+
+void CAELetterDetail::AEPostponementEndDate(Date value) {
+    aePostponementEndDate_ = value;
+    fillPlaceholder("%AEPostponementEndDate%", formatDate(value, " dd mmmm yyyy"));
+}
+
+std::string CAELetterDetail::SignatureFile() const {
+    return signatureFile_ ? *signatureFile_ : defaultSignatureFile();
+}
+
+void CAELetterDetail::fillPlaceholder(std::string_view placeholder, std::string text) {
+    const std::string key(placeholder);
+    if (!placeholders_.Exists(key)) placeholders_.Add(key, std::move(text));
+}
+
+// ---- texts --------------------------------------------------------------------------------------
+
+void CAELetterDetail::AddAddressLine(const std::string& sLine) {
+    addressLines_.push_back(sLine);
+}
+
+std::string CAELetterDetail::EmployeeAddress() const {
+    std::string address;
+    for (const std::string& line : addressLines_) {
+        if (!address.empty()) address += "\r\n";
+        address += line;
+    }
+    return address;
+}
+
+std::string CAELetterDetail::LetterTypeText() const {
+    switch (LetterType()) {
+        case PR_AELT_ENROLMENT:
+            return "Enrolment";
+        case PR_AELT_POSTPONEMENT:
+            return "Postponement";
+        case PR_AELT_NOT_ELIGIBLE:
+            return "Non-Qualifying";
+        case PR_AELT_RE_ENROLMENT:
+            return "Re-Enrolment";
+        case PR_AELT_ENROLMENT_ATTACH:
+            return "Enrolment Attachment";
+        case PR_AELT_NONE:
+            break;
+    }
+    return "*** No Letter Type Set ***";
+}
+
+std::string CAELetterDetail::LetterHeadingText() const {
+    const std::string& scheme = EmployerSchemeName();
+    return scheme.empty() ? LetterTypeText() : scheme + " - " + LetterTypeText();
+}
+
+std::string CAELetterDetail::LetterText() const {
+    DLLGlobal::fp().checkBackupDir(templateFolder);
+    const std::filesystem::path path = findTemplate(LetterTypeText() + ".txt");
+    if (path.empty()) return {};
+
+    std::string text = readTemplate(path);
+    for (const auto& [placeholder, value] : placeholders_) {
+        text = replaceAll(text, placeholder, value);
+    }
+    ApplyPreYearBlock(text);
+    text = replaceAll(text, "\u2019", "'");
+    return replaceAll(text, "\u2018", "'");
+}
+
+// Keeps or deletes the first block "$PreAA_BBText$[...]" of the text. The block ends at the first
+// "]"; one that is not opened or not ended leaves the text as it is. Further tags stay.
+void CAELetterDetail::ApplyPreYearBlock(std::string& text) const {
+    const std::size_t begin = findTag(text);
+    if (begin == text.npos) return;
+    const std::string tag = text.substr(begin, tagPattern.size());
+    const std::size_t end = text.find(']', begin);
+    if (end == text.npos || text[begin + tag.size()] != '[') return;
+
+    if (PayrollYear() >= yearOfTag(tag)) {
+        text = replaceAll(text, text.substr(begin, end + 1 - begin), "");
+    } else {
+        text.erase(end, 1);
+        text = replaceAll(text, tag + "[", "");
+    }
+}
+
+}  // namespace ledgerwick
