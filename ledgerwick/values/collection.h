@@ -95,12 +95,14 @@ class Collection {
         std::size_t offset;
     };
 
+    // Not declared noexcept, which makes the index keep each hash value: without them, walking a
+    // bucket and growing would read every node.
     struct KeyHash {
         using is_transparent = void;
-        std::size_t operator()(std::string_view key) const noexcept {
+        std::size_t operator()(std::string_view key) const {
             return std::hash<std::string_view>{}(key);
         }
-        std::size_t operator()(const Node* node) const noexcept { return (*this)(node->key); }
+        std::size_t operator()(const Node* node) const { return (*this)(node->key); }
     };
     struct KeyEqual {
         using is_transparent = void;

@@ -97,18 +97,18 @@ class LEDGERWICK_API Date {
         constexpr std::int64_t wholeRange = 12 * 10000;
         if (months > wholeRange || months < -wholeRange) raise(error_number::overflow, "Date");
         const Ymd from = ymd();
-        const auto first = dayNumberOf(from.year, from.month + months, 1);
-        const int length = Date(static_cast<double>(first)).daysInMonth();
-        const int day = from.day < length ? from.day : length;
-        return fromTimeLine(first + (day - 1) + timeOfDay());
+        const std::int64_t moved = from.year * 12 + (from.month - 1) + months;
+        const auto year = static_cast<int>(floorDivide(moved, 12));
+        const auto month = static_cast<int>(moved - std::int64_t{year} * 12) + 1;
+        const int length = lengthOfMonth(year, month);
+        const auto day = dayNumberOf(year, month, from.day < length ? from.day : length);
+        return fromTimeLine(static_cast<double>(day) + timeOfDay());
     }
 
     // The number of days in the calendar month of the date. [28, 31]
     constexpr int daysInMonth() const noexcept {
-        const auto date = civil();
-        const std::chrono::year_month_day_last end(date.year(),
-                                                   std::chrono::month_day_last(date.month()));
-        return static_cast<int>(static_cast<unsigned>(end.day()));
+        const Ymd date = ymd();
+        return lengthOfMonth(date.year, date.month);
     }
 
     // "05/04/2016", with " 13:00:00" behind it when there is a time of day.
@@ -130,6 +130,10 @@ class LEDGERWICK_API Date {
         return std::chrono::sys_days(std::chrono::days(dayNumber() - daysTo1970));
     }
 
+    static constexpr int lengthOfMonth(int year, int month) noexcept {
+        const std::chrono::month_day_last end{std::chrono::month(static_cast<unsigned>(month))};
+        return static_cast<int>(static_cast<unsigned>((std::chrono::year(year) / end).day()));
+    }
     static constexpr std::int64_t floorDivide(std::int64_t a, std::int64_t b) noexcept {
         return (a >= 0 ? a : a - b + 1) / b;
     }

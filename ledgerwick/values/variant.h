@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ledgerwick/export.h"
@@ -62,6 +63,8 @@ class LEDGERWICK_API Variant {
     Variant(VariantArray value);
     // An object, or with a null pointer the null object, which is not the same as Empty.
     Variant(ObjectRef value);
+    template <std::derived_from<Object> T>
+    Variant(std::shared_ptr<T> value) : Variant(ObjectRef(std::move(value))) {}
 
     // An array is copied whole; an object is shared.
     Variant(const Variant& other) { other.ownsHeap() ? copyFrom(other) : takeBytes(other); }
