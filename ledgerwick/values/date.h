@@ -97,7 +97,7 @@ class LEDGERWICK_API Date {
         constexpr std::int64_t wholeRange = 12 * 10000;
         if (months > wholeRange || months < -wholeRange) raise(error_number::overflow, "Date");
         const Ymd from = ymd();
-        const std::int64_t moved = from.year * 12 + (from.month - 1) + months;
+        const std::int64_t moved = std::int64_t{from.year} * 12 + (from.month - 1) + months;
         const auto year = static_cast<int>(floorDivide(moved, 12));
         const auto month = static_cast<int>(moved - std::int64_t{year} * 12) + 1;
         const int length = lengthOfMonth(year, month);

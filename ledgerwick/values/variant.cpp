@@ -109,10 +109,10 @@ void Variant::copyFrom(const Variant& other) {
             own(HeapText::make(other.textView()));
             break;
         case VariantKind::Array:
-            own(new VariantArray(*other.load<VariantArray*>()));
+            own(new VariantArray(*other.owned<VariantArray>()));
             break;
         default:
-            own(new ObjectRef(*other.load<ObjectRef*>()));
+            own(new ObjectRef(*other.owned<ObjectRef>()));
             break;
     }
 }
@@ -120,13 +120,13 @@ void Variant::copyFrom(const Variant& other) {
 void Variant::release() noexcept {
     switch (kind()) {
         case VariantKind::Text:
-            ::operator delete(load<HeapText*>());
+            ::operator delete(owned<HeapText>());
             break;
         case VariantKind::Array:
-            delete load<VariantArray*>();
+            delete owned<VariantArray>();
             break;
         default:
-            delete load<ObjectRef*>();
+            delete owned<ObjectRef>();
             break;
     }
 }
@@ -267,22 +267,22 @@ std::string Variant::toText(std::string_view source) const {
 const ObjectRef& Variant::toObject(std::string_view source) const {
     static const ObjectRef none;
     if (!isObject()) raise(error_number::typeMismatch, source);
-    return ownsHeap() ? *load<const ObjectRef*>() : none;
+    return ownsHeap() ? *owned<const ObjectRef>() : none;
 }
 
 VariantArray& Variant::array(std::string_view source) {
     if (!isArray()) raise(error_number::typeMismatch, source);
-    return *load<VariantArray*>();
+    return *owned<VariantArray>();
 }
 
 const VariantArray& Variant::array(std::string_view source) const {
     if (!isArray()) raise(error_number::typeMismatch, source);
-    return *load<const VariantArray*>();
+    return *owned<const VariantArray>();
 }
 
 std::string_view Variant::textView() const noexcept {
     if (kind() != VariantKind::Text) return {};
-    if (ownsHeap()) return load<HeapText*>()->view();
+    if (ownsHeap()) return owned<HeapText>()->view();
     return {reinterpret_cast<const char*>(bytes_ + textOffset), bytes_[1]};
 }
 

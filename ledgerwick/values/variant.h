@@ -159,7 +159,11 @@ class LEDGERWICK_API Variant {
     template <class T>
     void own(T* thing) noexcept {
         bytes_[1] = onHeap;
-        store(thing);
+        store(static_cast<void*>(thing));
+    }
+    template <class T>
+    T* owned() const noexcept {
+        return static_cast<T*>(load<void*>());
     }
     bool ownsHeap() const noexcept { return bytes_[1] == onHeap; }
     void takeBytes(const Variant& other) noexcept {

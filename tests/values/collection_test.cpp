@@ -29,10 +29,12 @@ TEST(Collection, PutsItemsAtTheEndOrBesideAnother) {
     list.Add(4, "d");
     list.Add(2, "b", {.after = "a"});
     list.Add(3, {}, {.before = "d"});
-    EXPECT_THAT(itemsOf(list), ElementsAre(1, 2, 3, 4));
+    list.Add(0, {}, {.beforePosition = 1});
+    list.Add(5, "e", {.afterPosition = 5});
+    EXPECT_THAT(itemsOf(list), ElementsAre(0, 1, 2, 3, 4, 5));
     EXPECT_EQ(2, list.Item("b"));
-    EXPECT_EQ(3, list.Item(3));
-    EXPECT_EQ(4, list.Count());
+    EXPECT_EQ(3, list.Item(4));
+    EXPECT_EQ(6, list.Count());
 }
 
 TEST(Collection, StaysAsItWasWhenAnOperationFails) {
@@ -41,7 +43,9 @@ TEST(Collection, StaysAsItWasWhenAnOperationFails) {
     list.Add(2);
     EXPECT_EQ(457, raisedBy([&] { list.Add(9, "a"); }));
     EXPECT_EQ(3265, raisedBy([&] { list.Add(9, "b", {.before = "x"}); }));
+    EXPECT_EQ(9, raisedBy([&] { list.Add(9, "b", {.afterPosition = 3}); }));
     EXPECT_EQ(5, raisedBy([&] { list.Add(9, "b", {.before = "a", .after = "a"}); }));
+    EXPECT_EQ(5, raisedBy([&] { list.Add(9, "b", {.before = "a", .afterPosition = 1}); }));
     EXPECT_EQ(3265, raisedBy([&] { list.Item("x"); }));
     EXPECT_EQ(3265, raisedBy([&] { list.Item(""); }));
     EXPECT_EQ(9, raisedBy([&] { list.Item(0); }));
