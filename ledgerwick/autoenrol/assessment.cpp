@@ -201,7 +201,8 @@ void cEmployee::LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayro
     std::vector<Intake> intakes;
     const RecordsetRef rows = OpenPaymentsRS(lNAID, 0, lPayrollYear, rowFields);
     for (; !rows->Eof(); rows->MoveNext()) {
-        const auto employment = employmentOf(*this, lNAID, rows->GetInt32(field::PRTID));
+        const auto employment =
+            ledgerwick::employmentOf(*this, lNAID, rows->GetInt32(field::PRTID));
         if (holdsYear(*employment, lPayrollYear)) continue;
         intakeOf(intakes, employment)
             .payments.emplace_back(rows->GetInt32(field::PRPID), readPayment(*rows));
