@@ -114,8 +114,7 @@ void cEmployee::carryLastRTI(cEmployment& employment) {
     while (lacksPayment(*source)) source = &before(*source);
     if (!source->LastRTISet()) return;
 
-    const Variant payment = source->LastRTI();
-    for (cEmployment* e = &employment; lacksPayment(*e); e = &before(*e)) e->LastRTI(payment);
+    for (cEmployment* e = &employment; lacksPayment(*e); e = &before(*e)) e->carryLastRTI(*source);
 }
 
 }  // namespace ledgerwick
