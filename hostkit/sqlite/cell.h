@@ -1,0 +1,127 @@
+// One value of a row as the database holds it, and its way into the library's types.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/values/variant.h"
+
+namespace ledgerwick::sqlite {
+
+// A text belongs to the row that the cell was read from.
+struct Cell {
+    enum class Storage : std::uint8_t { Null, Whole, Real, Text };
+
+    Storage storage = Storage::Null;
+    union {
+        std::int64_t whole = 0;
+        double real;
+    };
+    std::string_view text;
+
+    static Cell ofWhole(std::int64_t value) noexcept {
+        Cell cell;
+        cell.storage = Storage::Whole;
+        cell.whole = value;
+        return cell;
+    }
+    static Cell ofReal(double value) noexcept {
+        Cell cell;
+        cell.storage = Storage::Real;
+        cell.real = value;
+        return cell;
+    }
+    static Cell ofText(std::string_view value) noexcept {
+        Cell cell;
+        cell.storage = Storage::Text;
+        cell.text = value;
+        return cell;
+    }
+};
+
+// A value of the current row of a statement, or an argument of an SQL function.
+inline Cell readCell(sqlite3_value* value) noexcept {
+    switch (sqlite3_value_type(value)) {
+        case SQLITE_INTEGER:
+            return Cell::ofWhole(sqlite3_value_int64(value));
+        case SQLITE_FLOAT:
+            return Cell::ofReal(sqlite3_value_double(value));
+        case SQLITE_NULL:
+            return {};
+        default:
+            return Cell::ofText({reinterpret_cast<const char*>(sqlite3_value_text(value)),
+                                 static_cast<std::size_t>(sqlite3_value_bytes(value))});
+    }
+}
+
+// The kind of value that a column of this declared type gives; Empty for a column without a type,
+// or of an unknown one, which gives what is stored.
+VariantKind kindOfDeclaredType(std::string_view type);
+
+// The cell as a value of that kind, or as it is stored when it is no such value.
+Variant toVariant(const Cell& cell, VariantKind kind);
+
+// A value as a field of that kind takes it. Null and Empty are Null.
+// Errors: as the conversions of Variant; 6 for money that a floating-point number cannot hold to
+//         four decimals, since that is how the database keeps it.
+Variant toFieldValue(const Variant& value, VariantKind kind, std::string_view source);
+
+// The cell that such a value is stored as. A text stays in the value.
+Cell toCell(const Variant& value) noexcept;
+
+void bind(sqlite3_stmt* statement, int parameter, const Cell& cell, bool copyText);
+
+// The conversions of Variant. The first line of each is the whole way of a sound field.
+inline Variant asStored(const Cell& cell) {
+    return toVariant(cell, VariantKind::Empty);
+}
+
+inline std::int32_t toInt32(const Cell& cell, const FieldName& name) {
+    const auto value = static_cast<std::int32_t>(cell.whole);
+    if (cell.storage == Cell::Storage::Whole && value == cell.whole) return value;
+    return asStored(cell).toInt32(name.text());
+}
+
+inline std::int16_t toInt16(const Cell& cell, const FieldName& name) {
+    const auto value = static_cast<std::int16_t>(cell.whole);
+    if (cell.storage == Cell::Storage::Whole && value == cell.whole) return value;
+    return asStored(cell).toInt16(name.text());
+}
+
+inline bool toBoolean(const Cell& cell, const FieldName& name) {
+    if (cell.storage == Cell::Storage::Whole) return cell.whole != 0;
+    return asStored(cell).toBoolean(name.text());
+}
+
+inline double toDouble(const Cell& cell, const FieldName& name) {
+    if (cell.storage == Cell::Storage::Whole) return static_cast<double>(cell.whole);
+    if (cell.storage == Cell::Storage::Real) return cell.real;
+    return asStored(cell).toDouble(name.text());
+}
+
+inline float toSingle(const Cell& cell, const FieldName& name) {
+    return asStored(cell).toSingle(name.text());
+}
+
+inline Currency toCurrency(const Cell& cell, const FieldName& name) {
+    if (cell.storage == Cell::Storage::Real) return Currency::fromDouble(cell.real, name.text());
+    return asStored(cell).toCurrency(name.text());
+}
+
+inline Date toDate(const Cell& cell, const FieldName& name) {
+    if (cell.storage == Cell::Storage::Whole) {
+        const auto serial = static_cast<double>(cell.whole);
+        if (Date::inRange(serial)) return Date(serial);
+    }
+    return asStored(cell).toDate(name.text());
+}
+
+// The text of a cell in place, or made in `made`.
+std::string_view toText(const Cell& cell, VariantKind kind, const FieldName& name,
+                        std::string& made);
+
+}  // namespace ledgerwick::sqlite

@@ -1,0 +1,251 @@
+#include "hostkit/sqlite/connection.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "hostkit/sqlite/functions.h"
+#include "hostkit/sqlite/keyed_set.h"
+#include "hostkit/sqlite/snapshot.h"
+#include "ledgerwick/values/error.h"
+#include "ledgerwick/values/text.h"
+
+namespace ledgerwick::sqlite {
+
+namespace {
+
+constexpr const char* beginWriting = "BEGIN IMMEDIATE";
+
+sqlite3* openFile(const std::string& path, bool readOnly) {
+    sqlite3* database = nullptr;
+    const int access = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    if (sqlite3_open_v2(path.c_str(), &database, access | SQLITE_OPEN_NOMUTEX, nullptr) ==
+        SQLITE_OK) {
+        return database;
+    }
+    const std::string words = sqlite3_errmsg(database);
+    sqlite3_close(database);
+    raise(error_number::databaseError, "Database", words + ": " + path);
+}
+
+}  // namespace
+
+Connection::Connection(const std::string& path, const OpenOptions& options)
+    : path_(path),
+      database_(openFile(path, options.readOnly)),
+      tables_(database_),
+      durability_(options.durability) {
+    try {
+        configure(options);
+    } catch (...) {
+        cache_.clear();
+        sqlite3_close_v2(database_);
+        throw;
+    }
+}
+
+Connection::~Connection() {
+    cache_.clear();
+    sqlite3_close_v2(database_);
+}
+
+void Connection::configure(const OpenOptions& options) {
+    sqlite3_extended_result_codes(database_, 1);
+    const auto timeout =
+        std::min<std::int64_t>(options.busyTimeout.count(), std::numeric_limits<int>::max());
+    sqlite3_busy_timeout(database_, static_cast<int>(timeout));
+    // A misspelt name in double quotes is an error and not a text.
+    sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    addFunctions(database_);
+    if (!options.readOnly) runScript("PRAGMA journal_mode = WAL");
+    runScript(durability_ == Durability::Relaxed ? "PRAGMA synchronous = NORMAL"
+                                                 : "PRAGMA synchronous = FULL");
+    runScript("PRAGMA cache_size = -65536");
+    sqlite3_set_authorizer(database_, &Connection::authorize, this);
+}
+
+int Connection::authorize(void* connection, int action, const char* detail1, const char*,
+                          const char*, const char*) noexcept {
+    auto& self = *static_cast<Connection*>(connection);
+    if (action == SQLITE_READ) {
+        self.readsSeen_ |= self.tableBit(detail1);
+    } else if (action == SQLITE_INSERT || action == SQLITE_UPDATE || action == SQLITE_DELETE) {
+        self.writesSeen_ |= self.tableBit(detail1);
+    }
+    return SQLITE_OK;
+}
+
+TableSet Connection::tableBit(std::string_view table) {
+    std::size_t place = 0;
+    while (place < tableNames_.size() && !equalsIgnoringCase(tableNames_[place], table)) ++place;
+    if (place == tableNames_.size()) tableNames_.emplace_back(table);
+    return TableSet{1} << (place % 64);
+}
+
+std::unique_ptr<Statement> Connection::prepare(std::string sql) {
+    readsSeen_ = writesSeen_ = 0;
+    auto statement = std::make_unique<Statement>(database_, std::move(sql));
+    statement->reads = readsSeen_;
+    statement->writes = writesSeen_;
+    return statement;
+}
+
+RecordsetRef Connection::open(std::string_view sql, RecordsetType type, FieldList reads) {
+    lifted_.lift(sql);
+    makeKey(type, reads);
+    const auto make = [&] { return prepareSelect(type, reads); };
+    StatementLease statement =
+        lifted_.comesAgain() ? cache_.acquire(key_, make) : cache_.lend(make());
+    bindLiterals(*statement);
+    if (statement->plan) {
+        return std::make_shared<KeyedSet>(shared_from_this(), std::move(statement));
+    }
+    auto rows = std::make_shared<SnapshotReader>(shared_from_this(), std::move(statement));
+    if (type == RecordsetType::Dynaset) rows->keepAllRows();
+    return rows;
+}
+
+// The shape, then what else decides how the statement is translated.
+void Connection::makeKey(RecordsetType type, FieldList reads) {
+    key_ = lifted_.shape();
+    key_ += type == RecordsetType::Dynaset ? '\x02' : '\x01';
+    for (const FieldName& name : reads) {
+        const std::uint16_t id = name.id();
+        key_ += static_cast<char>(id >> 8);
+        key_ += static_cast<char>(id & 0xff);
+        if (id == 0) {
+            key_ += name.text();
+            key_ += '\0';
+        }
+    }
+}
+
+std::unique_ptr<Statement> Connection::prepareSelect(RecordsetType type, FieldList reads) {
+    const std::string& shape = lifted_.shape();
+    if (type == RecordsetType::Dynaset) {
+        KeyedTranslation keyed = translateKeyed(shape, reads, tables_);
+        if (keyed.plan) {
+            auto statement = prepare(std::move(keyed.keysSql));
+            statement->plan = std::move(keyed.plan);
+            return statement;
+        }
+    }
+    auto statement = prepare(translate(shape, reads, tables_));
+    if (statement->columnCount() == 0) {
+        raise(error_number::statementError, "Database", "no rows to open in: " + statement->sql());
+    }
+    return statement;
+}
+
+void Connection::bindLiterals(Statement& statement) const {
+    for (std::size_t i = 0; i < lifted_.literalCount(); ++i) {
+        bind(statement.handle(), static_cast<int>(i) + 1, lifted_.literal(i), true);
+    }
+}
+
+void Connection::execute(std::string_view sql) {
+    lifted_.lift(sql);
+    const std::string& shape = lifted_.shape();
+    if (!lifted_.isQuery()) {
+        exec(shape);
+        return;
+    }
+    const auto make = [&] { return prepare(translate(shape, {}, tables_)); };
+    StatementLease run = lifted_.comesAgain() ? cache_.acquire(shape, make) : cache_.lend(make());
+    if (run->columnCount() != 0) {
+        raise(error_number::statementError, "Database", "rows to open in: " + run->sql());
+    }
+    bindLiterals(*run);
+    write(*run);
+}
+
+void Connection::write(Statement& statement) {
+    tellReaders(statement.writes);
+    beginBatchTransaction();
+    if (tryWrite(statement) != SQLITE_DONE) statement.fail();
+}
+
+// A reader that began before another process wrote holds up this connection's writes. Such readers
+// are given rows of their own, and the write is tried once more.
+int Connection::tryWrite(Statement& statement) {
+    const int result = statement.run();
+    if (result != SQLITE_BUSY_SNAPSHOT) return result;
+    tellReaders(~TableSet{0});
+    return statement.run();
+}
+
+void Connection::tellReaders(TableSet written) {
+    if (readers_.empty()) return;
+    const std::vector<OpenReader*> open = readers_;
+    for (OpenReader* reader : open) {
+        if (reader->tablesRead() & written) reader->beforeWrite();
+    }
+}
+
+void Connection::removeReader(OpenReader& reader) noexcept {
+    const auto found = std::find(readers_.rbegin(), readers_.rend(), &reader);
+    if (found == readers_.rend()) return;
+    *found = readers_.back();
+    readers_.pop_back();
+}
+
+void Connection::exec(const std::string& script) {
+    tellReaders(~TableSet{0});
+    beginBatchTransaction();
+    tables_.forget();
+    cache_.clear();
+    runScript(script.c_str());
+}
+
+void Connection::runScript(const char* script) {
+    char* words = nullptr;
+    if (sqlite3_exec(database_, script, nullptr, nullptr, &words) == SQLITE_OK) return;
+    const std::string description = words ? words : sqlite3_errmsg(database_);
+    sqlite3_free(words);
+    raise(error_number::databaseError, "Database", description + " in: " + script);
+}
+
+void Connection::beginBatchTransaction() {
+    if (batches_ == 0 || durability_ == Durability::EachUpdate) return;
+    if (sqlite3_get_autocommit(database_) == 0) return;
+    beginTransaction();
+    batchOpen_ = true;
+}
+
+void Connection::endBatch() {
+    if (batches_ == 0 || --batches_ != 0 || !batchOpen_) return;
+    batchOpen_ = false;
+    // A failure that the database answers with a roll-back leaves nothing to store.
+    if (sqlite3_get_autocommit(database_) != 0) return;
+    try {
+        commit();
+    } catch (...) {
+        rollBack();
+        throw;
+    }
+}
+
+void Connection::beginTransaction() {
+    StatementLease begin = statement(beginWriting, [] { return beginWriting; });
+    if (tryWrite(*begin) != SQLITE_DONE) begin->fail();
+}
+
+void Connection::commit() {
+    StatementLease commit = statement("COMMIT", [] { return "COMMIT"; });
+    if (commit->run() != SQLITE_DONE) commit->fail();
+}
+
+void Connection::rollBack() noexcept {
+    sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+Connection::HeldSnapshot::HeldSnapshot(Connection& connection) {
+    if (sqlite3_get_autocommit(connection.database_) == 0) return;
+    connection.runScript("BEGIN");
+    database_ = connection.database_;
+}
+
+Connection::HeldSnapshot::~HeldSnapshot() {
+    if (database_) sqlite3_exec(database_, "COMMIT", nullptr, nullptr, nullptr);
+}
+
+}  // namespace ledgerwick::sqlite

@@ -1,0 +1,107 @@
+// An open database and what its recordsets share: the prepared statements, what is known of the
+// tables, and who reads what.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hostkit/sqlite/database.h"
+#include "hostkit/sqlite/dialect.h"
+#include "hostkit/sqlite/lexer.h"
+#include "hostkit/sqlite/statement.h"
+#include "hostkit/sqlite/tables.h"
+
+namespace ledgerwick::sqlite {
+
+// A recordset that depends on the present content of some tables.
+class OpenReader {
+  public:
+    virtual TableSet tablesRead() const noexcept = 0;
+    // Called before this connection writes to one of these tables.
+    virtual void beforeWrite() = 0;
+
+  protected:
+    ~OpenReader() = default;
+};
+
+class Connection : public std::enable_shared_from_this<Connection> {
+  public:
+    Connection(const std::string& path, const OpenOptions& options);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    const std::string& path() const noexcept { return path_; }
+
+    RecordsetRef open(std::string_view sql, RecordsetType type, FieldList reads);
+    void execute(std::string_view sql);
+    void exec(const std::string& script);
+    bool tableExists(std::string_view name) { return tables_.find(name) != nullptr; }
+
+    // The statement under the key, made from `sql()` if it is not there.
+    template <class Sql>
+    StatementLease statement(std::string_view key, Sql&& sql) {
+        return cache_.acquire(key, [&] { return prepare(sql()); });
+    }
+    // Runs a statement that writes.
+    void write(Statement& statement);
+    std::int64_t lastRowId() const noexcept { return sqlite3_last_insert_rowid(database_); }
+    int changedRows() const noexcept { return sqlite3_changes(database_); }
+
+    void addReader(OpenReader& reader) { readers_.push_back(&reader); }
+    void removeReader(OpenReader& reader) noexcept;
+
+    void beginBatch() { ++batches_; }
+    void endBatch();
+    void beginTransaction();
+    void commit();
+    void rollBack() noexcept;
+
+    // Holds what a reader sees, also while its statement is run again from the start.
+    class HeldSnapshot {
+      public:
+        explicit HeldSnapshot(Connection& connection);
+        ~HeldSnapshot();
+        HeldSnapshot(const HeldSnapshot&) = delete;
+        HeldSnapshot& operator=(const HeldSnapshot&) = delete;
+
+      private:
+        sqlite3* database_ = nullptr;  // null when a transaction holds it already
+    };
+
+  private:
+    static int authorize(void* connection, int action, const char* detail1, const char* detail2,
+                         const char* database, const char* trigger) noexcept;
+    std::unique_ptr<Statement> prepare(std::string sql);
+    std::unique_ptr<Statement> prepareSelect(RecordsetType type, FieldList reads);
+    void makeKey(RecordsetType type, FieldList reads);
+    void bindLiterals(Statement& statement) const;
+    TableSet tableBit(std::string_view table);
+    void tellReaders(TableSet written);
+    void beginBatchTransaction();
+    void configure(const OpenOptions& options);
+    void runScript(const char* script);
+    int tryWrite(Statement& statement);
+
+    std::string path_;
+    sqlite3* database_ = nullptr;
+    Tables tables_;
+    StatementCache cache_;
+    std::vector<OpenReader*> readers_;
+
+    LiftedStatement lifted_;  // the statement at hand
+    std::string key_;
+
+    TableSet readsSeen_ = 0, writesSeen_ = 0;  // by the authorizer, while a statement is prepared
+    std::vector<std::string> tableNames_;      // the place gives the bit
+
+    Durability durability_ = Durability::EachUpdate;
+    int batches_ = 0;
+    bool batchOpen_ = false;  // a batch has begun a transaction
+};
+
+}  // namespace ledgerwick::sqlite

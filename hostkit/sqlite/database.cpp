@@ -1,0 +1,106 @@
+#include "hostkit/sqlite/database.h"
+
+#include <utility>
+
+#include "hostkit/sqlite/connection.h"
+#include "hostkit/sqlite/recordset.h"
+#include "hostkit/sqlite/schema_sql.h"
+#include "ledgerwick/values/text.h"
+
+namespace ledgerwick::sqlite {
+
+namespace {
+
+class SqliteQueryDef final : public QueryDef {
+  public:
+    SqliteQueryDef(std::shared_ptr<Connection> connection, std::string_view sql)
+        : connection_(std::move(connection)), sql_(sql) {}
+
+    RecordsetRef OpenRecordset(RecordsetType type, FieldList reads) override {
+        return connection_->open(sql_, type, reads);
+    }
+
+  private:
+    std::shared_ptr<Connection> connection_;
+    std::string sql_;
+};
+
+std::string quoted(std::string_view name) {
+    return '"' + replaceAll(name, "\"", "\"\"") + '"';
+}
+
+}  // namespace
+
+SqliteRecordset::~SqliteRecordset() = default;
+
+std::shared_ptr<SqliteDatabase> SqliteDatabase::open(const std::string& path,
+                                                     const OpenOptions& options) {
+    return std::make_shared<SqliteDatabase>(std::make_shared<Connection>(path, options));
+}
+
+SqliteDatabase::SqliteDatabase(std::shared_ptr<Connection> connection)
+    : connection_(std::move(connection)) {}
+
+SqliteDatabase::~SqliteDatabase() = default;
+
+const std::string& SqliteDatabase::path() const noexcept {
+    return connection_->path();
+}
+
+void SqliteDatabase::createSchema() {
+    connection_->exec(schemaSql);
+}
+
+void SqliteDatabase::createPayImportTable(bool kept) {
+    connection_->exec(std::string(kept ? "CREATE TABLE" : "CREATE TEMP TABLE") +
+                      " PRPayImport (PRPINAID INTEGER DEFAULT 0, PRPIPay NUMBER DEFAULT 0)");
+}
+
+void SqliteDatabase::dropPayImportTable() {
+    connection_->exec("DROP TABLE IF EXISTS PRPayImport");
+}
+
+void SqliteDatabase::createLastWeekNosTable(std::string_view pcId) {
+    connection_->exec("CREATE TEMP TABLE " + quoted("TEMP_PR_LAST_WEEK_NOS" + std::string(pcId)) +
+                      " (TLWWeekNo NUMBER DEFAULT 0, TLWCMonthNo NUMBER DEFAULT 0)");
+}
+
+bool SqliteDatabase::tableExists(std::string_view name) {
+    return connection_->tableExists(name);
+}
+
+void SqliteDatabase::exec(const std::string& script) {
+    connection_->exec(script);
+}
+
+RecordsetRef SqliteDatabase::OpenRecordset(std::string_view sql, RecordsetType type,
+                                           FieldList reads) {
+    return connection_->open(sql, type, reads);
+}
+
+void SqliteDatabase::Execute(std::string_view sql, std::int32_t) {
+    connection_->execute(sql);
+}
+
+std::shared_ptr<QueryDef> SqliteDatabase::CreateQueryDef(std::string_view, std::string_view sql) {
+    return std::make_shared<SqliteQueryDef>(connection_, sql);
+}
+
+void SqliteDatabase::BeginBatch() {
+    connection_->beginBatch();
+}
+void SqliteDatabase::EndBatch() {
+    connection_->endBatch();
+}
+
+void SqliteDatabase::beginTransaction() {
+    connection_->beginTransaction();
+}
+void SqliteDatabase::commit() {
+    connection_->commit();
+}
+void SqliteDatabase::rollBack() noexcept {
+    connection_->rollBack();
+}
+
+}  // namespace ledgerwick::sqlite

@@ -1,0 +1,122 @@
+#include "hostkit/sqlite/statement.h"
+
+#include <utility>
+
+#include "ledgerwick/values/error.h"
+
+namespace ledgerwick::sqlite {
+
+namespace {
+
+std::string description(sqlite3* database, std::string_view sql) {
+    return std::string(sqlite3_errmsg(database)) + " in: " + std::string(sql);
+}
+
+}  // namespace
+
+void raiseNotCompiled(sqlite3* database, std::string_view sql) {
+    raise(error_number::statementError, "Database", description(database, sql));
+}
+
+void raiseDatabaseError(sqlite3* database, std::string_view sql) {
+    raise(error_number::databaseError, "Database", description(database, sql));
+}
+
+Statement::Statement(sqlite3* database, std::string sql)
+    : database_(database), sql_(std::move(sql)) {
+    const int result =
+        sqlite3_prepare_v3(database_, sql_.c_str(), static_cast<int>(sql_.size() + 1),
+                           SQLITE_PREPARE_PERSISTENT, &handle_, nullptr);
+    if (result != SQLITE_OK) raiseNotCompiled(database_, sql_);
+    describeColumns();
+}
+
+Statement::~Statement() {
+    sqlite3_finalize(handle_);
+}
+
+int Statement::run() noexcept {
+    const int result = sqlite3_step(handle_);
+    sqlite3_reset(handle_);
+    return result;
+}
+
+void Statement::fail() {
+    std::string words(sqlite3_errmsg(database_));
+    char* const withValues = sqlite3_expanded_sql(handle_);
+    words += " in: ";
+    words += withValues ? withValues : sql_.c_str();
+    sqlite3_free(withValues);
+    sqlite3_reset(handle_);
+    raise(error_number::databaseError, "Database", words);
+}
+
+void Statement::noticeNewColumns() {
+    if (sqlite3_stmt_status(handle_, SQLITE_STMTSTATUS_REPREPARE, 0) != preparations_) {
+        describeColumns();
+    }
+}
+
+void Statement::describeColumns() {
+    preparations_ = sqlite3_stmt_status(handle_, SQLITE_STMTSTATUS_REPREPARE, 0);
+    const int count = sqlite3_column_count(handle_);
+    std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(count));
+    kinds_.clear();
+    for (int column = 0; column < count; ++column) {
+        const char* name = sqlite3_column_name(handle_, column);
+        const char* type = sqlite3_column_decltype(handle_, column);
+        names.emplace_back(name ? name : "");
+        kinds_.push_back(type ? kindOfDeclaredType(type) : VariantKind::Empty);
+    }
+    fields_ = FieldIndex(std::move(names));
+}
+
+void ReturnToCache::operator()(Statement* statement) const noexcept {
+    cache->giveBack(statement);
+}
+
+void StatementCache::giveBack(Statement* statement) noexcept {
+    if (!statement->kept_) {
+        delete statement;
+        return;
+    }
+    statement->reset();
+    statement->inUse_ = false;
+    statement->lastUse_ = ++clock_;
+}
+
+void StatementCache::clear() noexcept {
+    for (auto& [key, statement] : statements_) {
+        if (!statement->inUse_) continue;
+        statement->kept_ = false;
+        static_cast<void>(statement.release());  // goes when its user gives it back
+    }
+    statements_.clear();
+}
+
+StatementLease StatementCache::keep(std::string_view key, std::unique_ptr<Statement> statement) {
+    if (statements_.size() >= capacity) dropOldest();
+    Statement* const kept = statement.get();
+    statements_.emplace(key, std::move(statement));
+    kept->kept_ = true;
+    return lend(kept);
+}
+
+StatementLease StatementCache::lend(Statement* statement) noexcept {
+    statement->inUse_ = true;
+    return StatementLease(statement, ReturnToCache{this});
+}
+
+void StatementCache::dropOldest() {
+    auto oldest = statements_.end();
+    for (auto it = statements_.begin(); it != statements_.end(); ++it) {
+        if (it->second->inUse_) continue;
+        if (oldest == statements_.end() || it->second->lastUse_ < oldest->second->lastUse_) {
+            oldest = it;
+        }
+    }
+    if (oldest != statements_.end()) statements_.erase(oldest);
+}
+
+}  // namespace ledgerwick::sqlite

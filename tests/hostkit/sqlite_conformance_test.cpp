@@ -1,0 +1,21 @@
+#include "hostkit/sqlite/database.h"
+#include "tests/record_access_conformance/record_access_conformance.h"
+
+namespace ledgerwick::conformance {
+namespace {
+
+template <sqlite::Durability durability>
+struct SqliteLayer {
+    SqliteLayer() { open_->createSchema(); }
+    Database& database() { return *open_; }
+
+    std::shared_ptr<sqlite::SqliteDatabase> open_ =
+        sqlite::SqliteDatabase::open(":memory:", {.durability = durability});
+};
+
+using SqliteLayers = testing::Types<SqliteLayer<sqlite::Durability::EachUpdate>,
+                                    SqliteLayer<sqlite::Durability::Batched>>;
+INSTANTIATE_TYPED_TEST_SUITE_P(Sqlite, RecordAccess, SqliteLayers);
+
+}  // namespace
+}  // namespace ledgerwick::conformance
