@@ -15,49 +15,53 @@ constexpr int lastDayOfPreviousPayMonth = 5;
 constexpr std::int32_t lastDayOfLatePayMonth = 5;  // controllers up to here fall a month later
 constexpr std::int32_t lastSaturday = -7;
 
-// How many calendar months lie between the month of `date` and the one whose last day is the anchor
-// of the next date. [-2, 1]
-int monthsToAnchor(Date::Ymd date, bool freqChange, bool reverse) {
+// How many calendar months the date sought lies behind the month of `date`. [-2, 2]
+int monthsToMove(Date::Ymd date, std::int32_t controller, bool freqChange, bool reverse) {
     if (reverse && freqChange) {
         throw Error(9011, operation, std::string(operation) + " - Can't reverse and change Freq!");
     }
     const int payMonth = date.day <= lastDayOfPreviousPayMonth ? -1 : 0;
-    if (reverse) return payMonth - 1;
-    return freqChange ? payMonth : payMonth + 1;
+    const int late = controller > 0 && controller <= lastDayOfLatePayMonth ? 1 : 0;
+    if (reverse) return payMonth - 1 + late;
+    return payMonth + late + (freqChange ? 0 : 1);
+}
+
+void checkController(const MonthlyRule& rule) {
+    if (rule.controller >= lastSaturday) return;
+    throw Error(9012, operation,
+                std::string(operation) + " - Invalid Monthly controller (" +
+                    std::string(rule.parameter) + ")");
 }
 
 // The monthly date of a calendar month, which may be numbered outside 1 to 12.
 Date monthlyDate(int year, int month, const MonthlyRule& rule) {
-    const std::int32_t controller = rule.controller;
-    if (controller < lastSaturday) {
-        throw Error(9012, operation,
-                    std::string(operation) + " - Invalid Monthly controller (" +
-                        std::string(rule.parameter) + ")");
+    const Date firstDay = Date::fromYmd(year, month, 1);
+    const int daysInMonth = firstDay.daysInMonth();
+    const Date lastDay = firstDay.addDays(daysInMonth - 1);
+    if (rule.controller > 0) {
+        const int length = rule.lengthOfMonth ? rule.lengthOfMonth(lastDay) : daysInMonth;
+        return firstDay.addDays(std::min(rule.controller, length) - 1);
     }
-    if (controller > 0 && controller <= lastDayOfLatePayMonth) ++month;
-    const Date lastDay = Date::fromYmd(year, month + 1, 0);
-    if (controller > 0) {
-        const int length = rule.lengthOfMonth(lastDay);
-        return Date::fromYmd(year, month, std::min(controller, length));
+    if (rule.controller < 0) {
+        return lastDay.addDays(-daysBackToWeekday(lastDay.dayNumber(), -rule.controller));
     }
-    if (controller < 0)
-        return lastDay.addDays(-daysBackToWeekday(lastDay.dayNumber(), -controller));
     return lastDay;
 }
 
 Date nextMonthlyDate(Date date, const MonthlyRule& rule, bool freqChange, bool reverse) {
     const auto from = date.ymd();
-    const Date next =
-        monthlyDate(from.year, from.month + monthsToAnchor(from, freqChange, reverse), rule);
-    const bool isAhead = next.dayNumber() > date.dayNumber();
-    return freqChange && !isAhead ? nextMonthlyDate(date, rule, false, false) : next;
+    const int months = monthsToMove(from, rule.controller, freqChange, reverse);
+    checkController(rule);
+    if (!freqChange || months > 0) return monthlyDate(from.year, from.month + months, rule);
+    if (months == 0) {
+        const Date inThisMonth = monthlyDate(from.year, from.month, rule);
+        if (inThisMonth.dayNumber() > date.dayNumber()) return inThisMonth;
+    }
+    // Past, as is every date of an earlier calendar month.
+    return monthlyDate(from.year, from.month + months + 1, rule);
 }
 
 }  // namespace
-
-std::int16_t daysInMonth(Date date) {
-    return static_cast<std::int16_t>(date.daysInMonth());
-}
 
 Date nextExpectedDate(Date date, PR_Pay_Freq freq, const MonthlyRule& rule, bool freqChange,
                       bool reverse) {

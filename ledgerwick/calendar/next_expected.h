@@ -16,9 +16,6 @@
 
 namespace ledgerwick::calendar {
 
-// The number of days in the calendar month of a date.
-LEDGERWICK_API std::int16_t daysInMonth(Date date);
-
 // The day of the month on which monthly pay falls.
 struct MonthlyRule {
     // Shape:  0 is the last day of the month, 1 to 5 that day of the following calendar month, 6 and
@@ -27,8 +24,9 @@ struct MonthlyRule {
     std::int32_t controller = 0;
     // The name of the parameter that holds the controller, for the message of error 9012.
     std::string_view parameter{};
-    // Asked only for a controller above 0.
-    std::int16_t (*lengthOfMonth)(Date) = &daysInMonth;
+    // Tells the number of days in the calendar month of a date, for a controller above 0; without it
+    // the calendar's own number is taken.
+    std::int16_t (*lengthOfMonth)(Date) = nullptr;
 };
 
 // The expected date after `date`, or with `reverse` the one before it. With `freqChange` it is the

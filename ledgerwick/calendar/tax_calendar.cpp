@@ -1,7 +1,7 @@
 #include "ledgerwick/calendar/tax_calendar.h"
 
 #include <algorithm>
-#include <chrono>
+#include <limits>
 #include <string>
 
 #include "ledgerwick/values/checked.h"
@@ -10,33 +10,46 @@
 namespace ledgerwick::calendar {
 namespace {
 
-// Tax months are counted on one line: 12 times the tax year, plus 0 for the month from 6 April to
-// 11 for the one from 6 March.
-struct TaxMonth {
+// A day by its tax year. Tax years are long or short in the same order as years counted from 1
+// March, which begin 36 days earlier and hold the same 29 February; a leap day is the last day of
+// such a year, so that plain divisions find it.
+struct TaxDay {
     int taxYear;
-    int index;  // [0, 11]
+    std::int32_t dayNumber;
+    std::int32_t dayOfYear;  // [0, 365]
+
+    std::int32_t yearStart() const noexcept { return dayNumber - dayOfYear; }
 };
 
-TaxMonth taxMonthOf(Date date) noexcept {
-    const auto [year, month, day] = date.ymd();
-    const int onTheLine = year * 12 + (month - 4) - (day < 6 ? 1 : 0);
-    return {onTheLine / 12, onTheLine % 12};
+TaxDay taxDayOf(Date date) noexcept {
+    constexpr std::uint32_t daysFromYear0 = 693863;  // from 6 April of year 0 to the zero date
+    constexpr std::uint32_t daysIn4Centuries = 146097;
+    constexpr std::uint32_t daysIn4Years = 1461;
+    const std::int32_t dayNumber = date.dayNumber();
+    const std::uint32_t day = static_cast<std::uint32_t>(dayNumber) + daysFromYear0;
+    const std::uint32_t century = (4 * day + 3) / daysIn4Centuries;
+    const std::uint32_t dayOfCentury = day - daysIn4Centuries * century / 4;
+    const std::uint32_t year = (4 * dayOfCentury + 3) / daysIn4Years;
+    return {static_cast<int>(100 * century + year), dayNumber,
+            static_cast<std::int32_t>(dayOfCentury - daysIn4Years * year / 4)};
 }
 
-// The day number of the 6th with which a month of that line begins. The first tax year begins
-// before the range of dates and the last one ends behind it, so that this is no Date.
-std::int32_t monthStart(int onTheLine) noexcept {
-    constexpr int daysTo1970 = 25569;
-    const int fromJanuary = onTheLine + 3;
-    const std::chrono::year_month_day sixth(
-        std::chrono::year(fromJanuary / 12),
-        std::chrono::month(static_cast<unsigned>(fromJanuary % 12) + 1), std::chrono::day(6));
-    return static_cast<std::int32_t>(std::chrono::sys_days(sixth).time_since_epoch().count()) +
-           daysTo1970;
+// Whether a tax year contains 29 February.
+bool isLong(int taxYear) noexcept {
+    const int year = taxYear + 1;
+    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
-std::int32_t yearStart(int taxYear) noexcept {
-    return monthStart(taxYear * 12);
+// The day of the year, from 0, on which the tax month `index` begins; 12 is the next year's first.
+std::int32_t monthStart(int taxYear, int index) noexcept {
+    constexpr std::int16_t starts[] = {0, 30, 61, 91, 122, 153, 183, 214, 244, 275, 306, 334, 365};
+    constexpr int firstBehindLeapDay = 11;
+    return starts[index] + (index >= firstBehindLeapDay && isLong(taxYear) ? 1 : 0);
+}
+
+int monthIndex(const TaxDay& day) noexcept {  // [0, 11]
+    const int before = day.dayOfYear / 31;    // this month or the one before
+    return day.dayOfYear < monthStart(day.taxYear, before + 1) ? before : before + 1;
 }
 
 // The length of a pay period, in days or in tax months; the other one is 0.
@@ -64,29 +77,29 @@ PeriodLength lengthOf(std::int32_t payPeriod, std::string_view source) {
     }
 }
 
-// Both ends of a period as day numbers.
-struct DayRange {
-    std::int32_t first;
-    std::int32_t last;
-
-    DateRange toDates() const { return {Date().addDays(first), Date().addDays(last)}; }
-};
-
-// The run of `length` days, counted from the day `start`, in which the day `day` lies.
-DayRange dayRun(std::int32_t start, std::int32_t day, std::int32_t length) noexcept {
-    const std::int32_t first = day - (day - start) % length;
-    return {first, first + length - 1};
+Date toDate(std::int32_t dayNumber) {
+    if (!Date::inRange(dayNumber)) raise(error_number::overflow, "Date");
+    return Date(dayNumber);
 }
 
-DayRange monthRun(TaxMonth month, std::int32_t length) noexcept {
-    const int first = month.taxYear * 12 + month.index - month.index % length;
-    return {monthStart(first), monthStart(first + length) - 1};
+// The run of `length` days, counted from the day `start`, in which the day lies.
+DateRange dayRun(std::int32_t start, std::int32_t dayNumber, std::int32_t length,
+                 std::int32_t latest = std::numeric_limits<std::int32_t>::max()) {
+    const std::int32_t first = dayNumber - (dayNumber - start) % length;
+    return {toDate(first), toDate(std::min(first + length - 1, latest))};
+}
+
+DateRange monthRun(const TaxDay& day, std::int32_t length) {
+    const int index = monthIndex(day);
+    const int first = index - index % length;
+    return {toDate(day.yearStart() + monthStart(day.taxYear, first)),
+            toDate(day.yearStart() + monthStart(day.taxYear, first + length) - 1)};
 }
 
 }  // namespace
 
 int taxYearOf(Date date) noexcept {
-    return taxMonthOf(date).taxYear;
+    return taxDayOf(date).taxYear;
 }
 
 std::int16_t payrollYearOf(Date date) {
@@ -94,27 +107,26 @@ std::int16_t payrollYearOf(Date date) {
 }
 
 std::int32_t taxWeek(Date date) noexcept {
-    return (date.dayNumber() - yearStart(taxYearOf(date))) / 7 + 1;
+    return taxDayOf(date).dayOfYear / 7 + 1;
 }
 
 std::int32_t taxMonth(Date date) noexcept {
-    return taxMonthOf(date).index + 1;
+    return monthIndex(taxDayOf(date)) + 1;
 }
 
 std::int32_t taxPeriodNumber(Date date, std::int32_t payPeriod, std::string_view source) {
     const auto length = lengthOf(payPeriod, source);
-    const auto month = taxMonthOf(date);
-    if (length.months != 0) return month.index / length.months + 1;
-    return (date.dayNumber() - yearStart(month.taxYear)) / length.days + 1;
+    const auto day = taxDayOf(date);
+    if (length.months != 0) return monthIndex(day) / length.months + 1;
+    return day.dayOfYear / length.days + 1;
 }
 
 DateRange taxPeriod(Date date, std::int32_t payPeriod, std::string_view source) {
     const auto length = lengthOf(payPeriod, source);
-    const auto month = taxMonthOf(date);
-    if (length.months != 0) return monthRun(month, length.months).toDates();
-    auto period = dayRun(yearStart(month.taxYear), date.dayNumber(), length.days);
-    period.last = std::min(period.last, yearStart(month.taxYear + 1) - 1);
-    return period.toDates();
+    const auto day = taxDayOf(date);
+    if (length.months != 0) return monthRun(day, length.months);
+    const std::int32_t yearEnd = day.yearStart() + monthStart(day.taxYear, 12) - 1;
+    return dayRun(day.yearStart(), day.dayNumber, length.days, yearEnd);
 }
 
 Date taxMonthEnd(int taxYear, std::int32_t month) {
@@ -129,16 +141,17 @@ Date taxWeekEnd(int taxYear, std::int32_t week) {
 
 DateRange payReferencePeriod(Date date, std::int32_t payPeriod, std::int16_t startDay) {
     constexpr std::string_view source = "AECalcR_PRP";
+    constexpr std::int32_t weekly = 1;
     constexpr std::int16_t saturday = 7;
     const auto length = lengthOf(payPeriod, source);
-    const auto month = taxMonthOf(date);
-    if (length.months != 0) return monthRun(month, length.months).toDates();
-    std::int32_t start = yearStart(month.taxYear);
-    if (payPeriod == 1 && startDay > 0) {
+    const auto day = taxDayOf(date);
+    if (length.months != 0) return monthRun(day, length.months);
+    std::int32_t start = day.yearStart();
+    if (payPeriod == weekly && startDay > 0) {
         if (startDay > saturday) raise(error_number::overflow, source);
         start -= daysBackToWeekday(start, startDay);
     }
-    return dayRun(start, date.dayNumber(), length.days).toDates();
+    return dayRun(start, day.dayNumber, length.days);
 }
 
 std::int32_t nearestWeeks(Date from, Date to) noexcept {

@@ -1,5 +1,6 @@
 #include "ledgerwick/shell/class_factory.h"
 
+#include "ledgerwick/autoenrol/ae_letter_detail.h"
 #include "ledgerwick/autoenrol/auto_enrol_status.h"
 #include "ledgerwick/employee/employee.h"
 #include "ledgerwick/employee/employee_list.h"
@@ -37,6 +38,7 @@ constexpr CreatableClass creatableClasses[] = {
     {"CImportedEarnings", &make<CImportedEarnings>},
     {"cDSItem", &make<cDSItem>},
     {"CAutoEnrolStatus", &make<CAutoEnrolStatus>},
+    {"CAELetterDetail", &make<CAELetterDetail>},
     {"Identify", &make<Identify>},
     {"Enum_Declarations_B_Only", &make<Enum_Declarations_B_Only>},
 };

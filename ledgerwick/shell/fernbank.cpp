@@ -6,8 +6,6 @@
 #include <dlfcn.h>
 #endif
 
-#include <filesystem>
-
 #include "ledgerwick/shell/dll_global.h"
 
 namespace ledgerwick {
@@ -63,15 +61,22 @@ FernbankEntryPoint* load(const std::filesystem::path& file) {
 
 }  // namespace
 
-ObjectRef acquireDataAccess() noexcept {
+ObjectRef dataAccessFrom(const std::filesystem::path& folder) noexcept {
     try {
-        // Found once: a program may change its working directory later on.
-        static const std::filesystem::path component = componentFile();
-        if (component.empty()) return nullptr;
-        const auto create = load(component.parent_path() / fileName);
+        const auto create = load(folder / fileName);
         return create ? ObjectRef(create(fernbankDataAccess, &openDatabase)) : nullptr;
     } catch (...) {
         return nullptr;
+    }
+}
+
+std::filesystem::path componentFolder() noexcept {
+    try {
+        // Found once: a program may change its working directory later on.
+        static const std::filesystem::path folder = componentFile().parent_path();
+        return folder;
+    } catch (...) {
+        return {};
     }
 }
 

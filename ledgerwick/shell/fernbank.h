@@ -7,6 +7,9 @@
 // this library is linked into a program as a static one, in the folder of that program.
 #pragma once
 
+#include <filesystem>
+
+#include "ledgerwick/export.h"
 #include "ledgerwick/shell/record_access.h"
 
 namespace ledgerwick {
@@ -19,8 +22,12 @@ using FernbankEntryPoint = Object*(const char* className, Database& (*openDataba
 inline constexpr const char* fernbankEntryPoint = "FernbankCreateObject";
 inline constexpr const char* fernbankDataAccess = "DAO_ADO_Functions";
 
-// A new data-access object out of that file, or an empty reference when the file, its entry point
-// or the class is missing or fails. The file stays loaded for the life of the process.
-ObjectRef acquireDataAccess() noexcept;
+// A new data-access object out of the library file in `folder`, which stays loaded for the life of
+// the process.
+// Shape:  an empty reference when the file, its entry point or the class is missing, or fails.
+LEDGERWICK_API ObjectRef dataAccessFrom(const std::filesystem::path& folder) noexcept;
+
+// The folder of this library; empty when the system cannot tell it.
+std::filesystem::path componentFolder() noexcept;
 
 }  // namespace ledgerwick

@@ -10,7 +10,8 @@
 namespace ledgerwick {
 
 Identify::Identify() {
-    DLLGlobal::holdDAO_ADO(acquireDataAccess());
+    const auto folder = componentFolder();
+    DLLGlobal::holdDAO_ADO(folder.empty() ? nullptr : dataAccessFrom(folder));
 }
 
 std::string Identify::version() const {
