@@ -1,4 +1,5 @@
 #include <array>
+#include <map>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -105,26 +106,24 @@ void addEmployment(cEmployee& employee, std::int32_t naid, std::int32_t prtid) {
     rows->Close();
 }
 
-std::shared_ptr<cEmployment> employmentOf(cEmployee& employee, std::int32_t naid,
-                                          std::int32_t prtid) {
+std::shared_ptr<cEmployment> loadedEmployment(cEmployee& employee, std::int32_t naid,
+                                              std::int32_t prtid) {
     const std::string key = std::to_string(prtid);
     if (auto employment = employee.GetEmploymentByIndex(key)) return employment;
     addEmployment(employee, naid, prtid);
     return employee.Employments().Item(key);
 }
 
-// The payments that one employment is to get, in the order of their rows.
+// The payments of one employment, and whether it is to get them.
 struct Intake {
     std::shared_ptr<cEmployment> employment;
+    bool wanted;
     std::vector<std::pair<std::int32_t, std::shared_ptr<CPayment>>> payments;
 };
 
-Intake& intakeOf(std::vector<Intake>& intakes, const std::shared_ptr<cEmployment>& employment) {
-    for (Intake& intake : intakes) {
-        if (intake.employment == employment) return intake;
-    }
-    intakes.push_back({employment, {}});
-    return intakes.back();
+Intake openIntake(std::shared_ptr<cEmployment> employment, std::int32_t payrollYear) {
+    const bool wanted = !holdsYear(*employment, payrollYear);
+    return {std::move(employment), wanted, {}};
 }
 
 // ---- the walk -----------------------------------------------------------------------------------
@@ -198,18 +197,22 @@ void cEmployee::LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayro
     if (lNAID < 1 || lPayrollYear < 0) return;
     if (yearIsInMemory(employments_, lPayrollYear)) return;
 
-    std::vector<Intake> intakes;
+    std::map<std::int32_t, Intake> intakes;  // by PRTID
     const RecordsetRef rows = OpenPaymentsRS(lNAID, 0, lPayrollYear, rowFields);
     for (; !rows->Eof(); rows->MoveNext()) {
-        const auto employment =
-            ledgerwick::employmentOf(*this, lNAID, rows->GetInt32(field::PRTID));
-        if (holdsYear(*employment, lPayrollYear)) continue;
-        intakeOf(intakes, employment)
-            .payments.emplace_back(rows->GetInt32(field::PRPID), readPayment(*rows));
+        const std::int32_t prtid = rows->GetInt32(field::PRTID);
+        auto found = intakes.find(prtid);
+        if (found == intakes.end()) {
+            const auto employment = loadedEmployment(*this, lNAID, prtid);
+            found = intakes.emplace(prtid, openIntake(employment, lPayrollYear)).first;
+        }
+        if (!found->second.wanted) continue;
+        found->second.payments.emplace_back(rows->GetInt32(field::PRPID), readPayment(*rows));
     }
     rows->Close();
 
-    for (const Intake& intake : intakes) {
+    for (const auto& [prtid, intake] : intakes) {
+        if (!intake.wanted) continue;
         const auto store = intake.employment->payrollYearStore(lPayrollYear);
         for (const auto& [id, payment] : intake.payments) store->Item(id, payment);
     }

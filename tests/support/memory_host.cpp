@@ -1,5 +1,6 @@
 #include "tests/support/memory_host.h"
 
+#include <algorithm>
 #include <set>
 
 #include "ledgerwick/shell/schema.h"
@@ -8,8 +9,11 @@
 namespace ledgerwick::test {
 namespace {
 
-class UsDates : public ProgramFunctions {
+class Functions : public ProgramFunctions {
     std::string DateToUSstr(Date date) override { return formatDate(date, "m/d/yyyy"); }
+    void BubbleSortLongArray(std::vector<std::int32_t>& array) override {
+        std::sort(array.begin(), array.end());
+    }
 };
 
 }  // namespace
@@ -25,13 +29,19 @@ Recordset& MemoryState::g_rsPRControl() {
     return control_;
 }
 
+void MemoryState::Names::SplitContactName(const std::string& BusName, std::string&, std::string&,
+                                          std::string&, std::string& Surname, std::string&,
+                                          std::int32_t&) {
+    Surname = BusName;
+}
+
 void MemoryState::ShowCriticalMessage(const std::string& caption, const std::string& text) {
     criticalMessages.push_back(caption + ": " + text);
 }
 
 MemoryHost::MemoryHost() : tempTables_(std::make_shared<TempTables>()) {
     identify_.Setg(state_);
-    identify_.Setpf(std::make_shared<UsDates>());
+    identify_.Setpf(std::make_shared<Functions>());
     identify_.SetDAO_ADO(tempTables_);
     identify_.SetEmployeeList(list_);
 }

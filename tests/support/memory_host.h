@@ -26,16 +26,27 @@ class MemoryState : public HostState {
     std::int16_t prpStartDay = 0;
     std::string moneyFormat = "#,##0.00";
     std::vector<std::string> criticalMessages;
+    Date today;
 
     Database& DBDll() override { return database; }
     Recordset& g_rsPRControl() override;
     std::int16_t g_iAEPRPStartDay() override { return prpStartDay; }
+    Date g_dtmToday() override { return today; }
     std::string g_strProgName() override { return "Accounts"; }
     std::string strCurFormat() override { return moneyFormat; }
+    CustomerFunctions& C_customerFunctions() override { return names_; }
     void ShowCriticalMessage(const std::string& caption, const std::string& text) override;
 
   private:
+    // Takes every name for a surname.
+    class Names : public CustomerFunctions {
+      public:
+        void SplitContactName(const std::string& BusName, std::string&, std::string&, std::string&,
+                              std::string& Surname, std::string&, std::int32_t&) override;
+    };
+
     Rows control_;
+    Names names_;
 };
 
 class MemoryHost {
@@ -48,6 +59,7 @@ class MemoryHost {
     MemoryState& state() noexcept { return *state_; }
     RowsDatabase& database() noexcept { return state_->database; }
     CEmployeeList& list() noexcept { return *list_; }
+    const std::shared_ptr<CEmployeeList>& sharedList() const noexcept { return list_; }
 
     // From now on the temporary table exists.
     void addTempTable(const std::string& name);

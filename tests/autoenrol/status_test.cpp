@@ -1,0 +1,368 @@
+#include <gtest/gtest.h>
+
+#include "ledgerwick/autoenrol/auto_enrol_status.h"
+#include "ledgerwick/employee/employee.h"
+#include "ledgerwick/shell/payroll_functions.h"
+#include "ledgerwick/shell/schema.h"
+#include "tests/support/errors.h"
+#include "tests/support/expect.h"
+#include "tests/support/memory_host.h"
+
+namespace ledgerwick::test {
+namespace {
+
+std::shared_ptr<CPayment> paidOn(Date reported, bool closed = true) {
+    auto payment = std::make_shared<CPayment>();
+    payment->RTIPayDate(reported);
+    payment->PeriodUpdated(closed);
+    return payment;
+}
+
+// Employee 7 with employment 70, begun on 6 April 2015, in payroll year 17.
+class AutoEnrolStatus : public testing::Test {
+  protected:
+    AutoEnrolStatus() {
+        employee.NAID(7);
+        employment = add(employmentRow());
+    }
+
+    std::shared_ptr<cEmployment> add(const Row& row) {
+        Rows rows{row};
+        return employee.AddEmployment(rows);
+    }
+    std::shared_ptr<CAutoEnrolStatus> statusUpTo(Date date, bool closed = true) {
+        return employee.GetAutoEnrolStatus(date, 17, closed);
+    }
+    RowsDatabase& database() { return host.database(); }
+
+    MemoryHost host;
+    cEmployee employee;
+    std::shared_ptr<cEmployment> employment;
+};
+
+// ---- the walk over payments that are in memory --------------------------------------------------
+
+class StatusOfStoredPayments : public AutoEnrolStatus {
+  protected:
+    StatusOfStoredPayments() { database().answer("FROM PRPay", {}); }
+};
+
+TEST_F(StatusOfStoredPayments, IsBlankWithoutAPayment) {
+    const auto status = statusUpTo(on(5, 4, 2017));
+    EXPECT_EQ(status->FirstAssessDate(), Date());
+    EXPECT_EQ(status->CurrentAssessCategory(), "");
+    EXPECT_EQ(status->PrevAssessCategory(), "");
+    EXPECT_EQ(status->PeriodPay(), Currency());
+}
+
+TEST_F(StatusOfStoredPayments, TellsFirstPreviousAndLastInTheOrderOfTheKeys) {
+    const auto year = employment->payrollYearStore(17);
+    const auto last = paidOn(on(29, 4, 2016));
+    last->StaffNo("W12");
+    last->StdHourlyRate(Currency::fromDouble(7.2));
+    last->PeriodPay(Currency::fromWhole(288));
+    last->PayFrequency(PFREQ_1Weekly);
+    last->PenWorkplaceSchemeID(3);
+    year->Add(103, last);
+    year->Add(101, paidOn(on(15, 4, 2016)));
+
+    auto status = statusUpTo(on(15, 4, 2016));
+    EXPECT_EQ(status->FirstAssessDate(), on(15, 4, 2016));
+    EXPECT_EQ(status->FirstAssessCategory(), "First Cat");
+    EXPECT_EQ(status->PrevAssessDate(), Date());
+    EXPECT_EQ(status->PrevAssessCategory(), "*");
+    EXPECT_EQ(status->CurrentAssessDate(), on(15, 4, 2016));
+
+    year->Add(102, paidOn(on(22, 4, 2016)));
+    status = statusUpTo(on(5, 4, 2017));
+    EXPECT_EQ(status->FirstAssessDate(), on(15, 4, 2016));
+    EXPECT_EQ(status->PrevAssessDate(), on(22, 4, 2016));
+    EXPECT_EQ(status->PrevAssessCategory(), "Cur Category*");
+    EXPECT_EQ(status->CurrentAssessDate(), on(29, 4, 2016));
+    EXPECT_EQ(status->CurrentAssessCategory(), "Cur Category");
+    EXPECT_EQ(status->CurrentAssessChange(), "Cur Change");
+    EXPECT_EQ(status->StaffNo(), "W12");
+    EXPECT_EQ(status->StdHourlyRate(), Currency::fromDouble(7.2));
+    EXPECT_EQ(status->PeriodPay(), Currency::fromWhole(288));
+    EXPECT_EQ(status->PayFrequency(), PFREQ_1Weekly);
+    EXPECT_EQ(status->PenWorkplaceSchemeID(), 3);
+    EXPECT_EQ(status->EnrolledDate(), Date());
+}
+
+TEST_F(StatusOfStoredPayments, GoesByThePayDateWhereNoneWasReported) {
+    const auto payment = paidOn(noDate1961);
+    payment->PayDate(on(15, 4, 2016));
+    employment->payrollYearStore(17)->Add(101, payment);
+    EXPECT_EQ(statusUpTo(on(14, 4, 2016))->CurrentAssessDate(), Date());
+    EXPECT_EQ(statusUpTo(on(15, 4, 2016))->CurrentAssessDate(), on(15, 4, 2016));
+}
+
+TEST_F(StatusOfStoredPayments, CountsOpenOrClosedOnesAsAsked) {
+    const auto year = employment->payrollYearStore(17);
+    year->Add(101, paidOn(on(15, 4, 2016)));
+    year->Add(102, paidOn(on(22, 4, 2016), false));
+    year->Add(103, paidOn(on(29, 4, 2016)));
+    EXPECT_EQ(statusUpTo(on(5, 4, 2017))->PrevAssessDate(), on(15, 4, 2016));
+    EXPECT_EQ(statusUpTo(on(5, 4, 2017), false)->FirstAssessDate(), on(22, 4, 2016));
+}
+
+TEST_F(StatusOfStoredPayments, EndsBehindTheEmploymentThatHasOneTooLate) {
+    const auto year = employment->payrollYearStore(17);
+    year->Add(101, paidOn(on(15, 4, 2016)));
+    year->Add(102, paidOn(on(6, 5, 2016)));
+    year->Add(103, paidOn(on(29, 4, 2016)));
+    const auto second = add(employmentRow().with(field::PRTID, 71));
+    second->payrollYearStore(17)->Add(104, paidOn(on(30, 4, 2016)));
+
+    EXPECT_EQ(statusUpTo(on(5, 5, 2016))->CurrentAssessDate(), on(29, 4, 2016))
+        << "the later key counts, the later employment does not";
+    EXPECT_EQ(statusUpTo(on(6, 5, 2016))->CurrentAssessDate(), on(30, 4, 2016));
+
+    year->Remove(102);
+    year->Add(102, paidOn(on(6, 5, 2016), false));
+    EXPECT_EQ(statusUpTo(on(5, 5, 2016))->CurrentAssessDate(), on(30, 4, 2016))
+        << "an open one ends nothing";
+}
+
+TEST_F(StatusOfStoredPayments, EndsAtAnEmploymentThatBeginsLater) {
+    const auto later =
+        add(employmentRow().with(field::PRTID, 71).with(field::PRTStartDate, on(2, 5, 2016)));
+    later->payrollYearStore(17)->Add(201, paidOn(on(29, 4, 2016)));
+    const auto behind = add(employmentRow().with(field::PRTID, 72));
+    behind->payrollYearStore(17)->Add(301, paidOn(on(30, 4, 2016)));
+    EXPECT_EQ(statusUpTo(on(1, 5, 2016))->CurrentAssessDate(), Date());
+    EXPECT_EQ(statusUpTo(on(2, 5, 2016))->CurrentAssessDate(), on(30, 4, 2016));
+}
+
+TEST_F(StatusOfStoredPayments, PassesOverOtherYears) {
+    employment->payrollYearStore(16)->Add(1, paidOn(on(1, 4, 2016)));
+    EXPECT_EQ(statusUpTo(on(5, 4, 2017))->CurrentAssessDate(), Date());
+}
+
+// ---- the year store, filled from pay rows -------------------------------------------------------
+
+// A closed pay row with all that a payment holds.
+Row fullPayRow(std::int32_t week) {
+    return closedPayRow(week)
+        .with(field::PRPDirector, true)
+        .with(field::PRPPeriodPay, Currency::fromWhole(100 + week))
+        .with(field::PRPStdHourlyRate, Currency::fromDouble(7.5))
+        .with(field::PRPNITable, "A")
+        .with(field::PRPWorksNo, "W" + std::to_string(week))
+        .with(field::PRPPenWorkplaceSchemeID, 3);
+}
+
+class YearStore : public AutoEnrolStatus {
+  protected:
+    void answerYear17(std::vector<Row> rows) {
+        database().answer("PRPPayrollYear = 17", std::move(rows));
+        database().answer("PRPPayrollYear = 16", {});
+    }
+    std::shared_ptr<PaymentsOfYear> stored(cEmployment& of) {
+        std::shared_ptr<PaymentsOfYear> payments;
+        EXPECT_TRUE(of.GetPayrollYearPayments(17, payments));
+        return payments;
+    }
+};
+
+TEST_F(YearStore, HoldsThePayRowsByTheirKeys) {
+    const Row open = fullPayRow(2).with(field::PRPPeriodUpdated, Null);
+    answerYear17({fullPayRow(1), open});
+    EXPECT_EQ(statusUpTo(on(5, 4, 2017))->StaffNo(), "W1");
+    EXPECT_EQ(statusUpTo(on(5, 4, 2017), false)->StaffNo(), "W2");
+
+    const auto payments = stored(*employment);
+    ASSERT_EQ(payments->Keys(), (std::vector<std::int32_t>{101, 102}));
+    const CPayment& payment = *payments->Item(101);
+    EXPECT_TRUE(payment.Director());
+    EXPECT_FALSE(payment.WeekOne());
+    EXPECT_EQ(payment.PeriodPay(), Currency::fromWhole(101));
+    EXPECT_EQ(payment.StdHourlyRate(), Currency::fromDouble(7.5));
+    EXPECT_EQ(payment.PayDate(), on(15, 4, 2016));
+    EXPECT_EQ(payment.RTIPayDate(), on(15, 4, 2016));
+    EXPECT_EQ(payment.EPEDate(), on(12, 4, 2016));
+    EXPECT_EQ(payment.NExpPayDate(), on(22, 4, 2016));
+    EXPECT_EQ(payment.NExpEPEDate(), on(19, 4, 2016));
+    EXPECT_EQ(payment.WeekNo(), 1);
+    EXPECT_EQ(payment.Year(), 17);
+    EXPECT_EQ(payment.NITable(), "A");
+    EXPECT_EQ(payment.TaxCode(), "1100L");
+    EXPECT_EQ(payment.PenWorkplaceSchemeID(), 3);
+}
+
+TEST_F(YearStore, TellsTheFrequencyOfEachPeriod) {
+    const std::pair<int, int> frequencies[] = {{1, PFREQ_1Weekly},
+                                               {4, PFREQ_4Weekly},
+                                               {-7, PFREQ_Monthly},
+                                               {52, PFREQ_Annual},
+                                               {0, PFREQ_Casual},
+                                               {5, -10},
+                                               {3, -11}};
+    std::vector<Row> rows;
+    for (const auto& [period, frequency] : frequencies) {
+        const auto week = static_cast<std::int32_t>(rows.size()) + 1;
+        rows.push_back(fullPayRow(week).with(field::PRPPaymentPeriod, period));
+    }
+    answerYear17(rows);
+    statusUpTo(on(5, 4, 2017));
+    std::int32_t key = 100;
+    for (const auto& [period, frequency] : frequencies) {
+        EXPECT_EQ(stored(*employment)->Item(++key)->PayFrequency(), frequency) << period;
+    }
+}
+
+TEST_F(YearStore, IsFilledOnce) {
+    answerYear17({fullPayRow(1)});
+    statusUpTo(on(5, 4, 2017));
+    const auto before = database().opened().size();
+    const auto payments = stored(*employment);
+    statusUpTo(on(5, 4, 2017));
+    EXPECT_EQ(stored(*employment), payments);
+    EXPECT_EQ(database().opened().size(), before + 1) << "the empty year before is asked for again";
+}
+
+TEST_F(YearStore, LeavesAnEmploymentThatHasTheYear) {
+    add(employmentRow().with(field::PRTID, 71));
+    employment->payrollYearStore(17)->Add(999, paidOn(on(8, 4, 2016)));
+    answerYear17({fullPayRow(1), fullPayRow(2).with(field::PRTID, 71)});
+    statusUpTo(on(5, 4, 2017));
+    EXPECT_EQ(stored(*employment)->Keys(), std::vector<std::int32_t>{999});
+    EXPECT_EQ(stored(*employee.GetEmploymentByIndex("71"))->Keys(), std::vector<std::int32_t>{102});
+}
+
+TEST_F(YearStore, TakesInAnEmploymentThatIsNotInMemory) {
+    answerYear17({fullPayRow(1), fullPayRow(2).with(field::PRTID, 71)});
+    database().answer("FROM (((PREmployeeDetails",
+                      {employmentRow(), employmentRow().with(field::PRTID, 71)});
+    EXPECT_EQ(statusUpTo(on(5, 4, 2017))->StaffNo(), "W2");
+    EXPECT_EQ(employee.Employments().Count(), 2);
+    EXPECT_EQ(stored(*employee.GetEmploymentByIndex("71"))->Keys(), std::vector<std::int32_t>{102});
+    EXPECT_EQ(employee.MostRecentEmploymentPRTID(), 0);
+    EXPECT_FALSE(employee.Active());
+}
+
+TEST_F(YearStore, StaysEmptyWhenARowCannotBeRead) {
+    answerYear17({fullPayRow(1), fullPayRow(2).with(field::PRPWorksNo, Null)});
+    EXPECT_EQ(raisedBy([&] { statusUpTo(on(5, 4, 2017)); }), error_number::invalidUseOfNull);
+    std::shared_ptr<PaymentsOfYear> payments;
+    EXPECT_FALSE(employment->GetPayrollYearPayments(17, payments));
+}
+
+TEST_F(YearStore, AsksForNobodyElsesRows) {
+    const auto blank = [&](std::int32_t naid, std::int32_t year) {
+        employee.NAID(naid);
+        employee.GetAutoEnrolStatus(on(5, 4, 2017), year, true);
+    };
+    blank(0, 17);  // 0 would open the rows of all employees
+    blank(7, -1);  // and -1 those of all years
+    EXPECT_TRUE(database().opened().empty());
+}
+
+// ---- payroll state ------------------------------------------------------------------------------
+
+// All that the load and the fold leave on an employment.
+std::vector<Variant> stateOf(const cEmployment& e) {
+    return {e.PRTID(),
+            e.PayrollYear(),
+            e.EmployCount(),
+            e.PRTStartDate(),
+            e.EndDate(),
+            e.Active(),
+            e.AEStatusStart(),
+            e.Continuation(),
+            e.AEContinuation(),
+            e.EmpType(),
+            e.NExpPayDate(),
+            e.NExpPRP(),
+            e.LExpPRP(),
+            e.AEStatusCur(),
+            e.LastEPEDate(),
+            e.LastWeekNo(),
+            e.LastPayDate(),
+            e.LastPayFreq(),
+            e.NExpEPEDate(),
+            e.FirstEPEDate(),
+            e.PaymentsExist(),
+            e.LastUD_PRPID(),
+            e.LastMonthNo(),
+            e.HasImportedPay(),
+            e.ImportedPayValue(),
+            e.LExpPayDate(),
+            e.StartDate(),
+            e.HMRCStartDate(),
+            e.LastRTISet(),
+            e.LastRTI(),
+            e.ContinuationOfPRTID(),
+            e.FirstPRPID(),
+            e.SMPCurStatus(),
+            e.SMPConsecutiveWeeks(),
+            e.SAPCurStatus(),
+            e.SAPConsecutiveWeeks(),
+            e.SPPCurStatus(),
+            e.SPPConsecutiveWeeks(),
+            e.ShPPCurStatus(),
+            e.ShPPConsecutiveDays(),
+            e.SLCurStatus(),
+            e.SLLastKnownPlan(),
+            e.PGLCurStatus(),
+            e.PGLWasDeducted()};
+}
+
+std::vector<Variant> stateOf(cEmployee& employee) {
+    std::vector<Variant> state{
+        employee.Active(), employee.Casual(), employee.MostRecentEmploymentPRTID(),
+        employee.PreviousEmploymentPRTID(), employee.CurEmployment()->PRTID()};
+    for (const auto& employment : employee.Employments()) {
+        const auto part = stateOf(*employment);
+        state.insert(state.end(), part.begin(), part.end());
+    }
+    return state;
+}
+
+// The pay rows of two years have been folded, and the flags are set.
+TEST(AutoEnrolReport, MovesNoPayrollState) {
+    MemoryHost host;
+    const auto employee = host.employee(7, PFREQ_1Weekly);
+    const auto yearBefore = [](const Row& row) {
+        return row.with(field::PRTID, 60)
+            .with(field::PRTPayrollYear, 16)
+            .with(field::PRPPayrollYear, 16);
+    };
+    const auto rowInRun = [](std::int32_t week) {
+        return fullPayRow(week)
+            .with(field::PRPMaternityHighWeeks, 1.0)
+            .with(field::PRPASPPDays, 2.0)
+            .with(field::PRPStudentLoan, week)
+            .with(field::PRPStatus, 3);
+    };
+    const std::vector<Row> rows{rowInRun(1), rowInRun(2), rowInRun(3)};
+    const std::vector<Row> rowsBefore{yearBefore(rowInRun(4)), yearBefore(rowInRun(5))};
+    Rows employments{yearBefore(employmentRow()), employmentRow()};
+    for (; !employments.Eof(); employments.MoveNext()) employee->AddEmployment(employments);
+    for (const auto& year : {rowsBefore, rows}) {
+        for (Rows folded(year); !folded.Eof(); folded.MoveNext()) employee->AddPayment(folded);
+    }
+    employee->UpdateFlags();
+    const auto before = stateOf(*employee);
+
+    host.database().answer("PRPPayrollYear = 17", rows);
+    host.database().answer("PRPPayrollYear = 16", rowsBefore);
+    host.database().answer("FROM PensionSchemes", {});
+    CPayrollFunctions payroll;
+    payroll.Init(host.sharedList());
+    for (const bool closed : {true, false, true}) {
+        payroll.GetAEStatus(on(5, 4, 2017), 17, closed);
+        EXPECT_EQ(stateOf(*employee), before);
+    }
+    payroll.C_ActiveEmployees(true);
+    EXPECT_EQ(stateOf(*employee), before);
+    EXPECT_EQ(employee->CurEmployment()->SMPConsecutiveWeeks(), 3);
+    EXPECT_TRUE(host.database().executed().empty());
+
+    std::shared_ptr<PaymentsOfYear> payments;
+    EXPECT_TRUE(employee->GetEmploymentByIndex("60")->GetPayrollYearPayments(16, payments));
+    EXPECT_EQ(payments->Count(), 2);
+}
+
+}  // namespace
+}  // namespace ledgerwick::test
