@@ -11,6 +11,7 @@
 #include "ledgerwick/shell/dll_global.h"
 #include "ledgerwick/shell/payroll_functions.h"
 #include "ledgerwick/shell/schema.h"
+#include "ledgerwick/shell/statement.h"
 #include "ledgerwick/values/checked.h"
 #include "ledgerwick/values/error.h"
 
@@ -111,9 +112,9 @@ Date CPayrollFunctions::C_Calc_Next_NExpDate(Date dDate, PR_Pay_Freq iFreq, PR_N
 Date CPayrollFunctions::C_MonthNoOfWeekNo(std::int32_t lngWeekNoIn) {
     const std::string week = std::to_string(lngWeekNoIn);
     auto& host = DLLGlobal::g();
-    const auto query =
-        host.DBDll().CreateQueryDef("", "SELECT * FROM TEMP_PR_LAST_WEEK_NOS" + host.g_strPCID() +
-                                            " WHERE TLWWeekNo = " + week);
+    const auto query = host.DBDll().CreateQueryDef(
+        "", statement("SELECT * FROM TEMP_PR_LAST_WEEK_NOS@ WHERE TLWWeekNo = @",
+                      {host.g_strPCID(), week}));
     const FieldName reads[] = {field::TLWCMonthNo};
     const auto rows = query->OpenRecordset(RecordsetType::Snapshot, reads);
     if (rows->RecordCount() != 0) rows->MoveLast();

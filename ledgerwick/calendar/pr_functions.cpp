@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/shell/statement.h"
 #include "ledgerwick/values/error.h"
 
 namespace ledgerwick {
@@ -32,14 +33,13 @@ Error invalid(std::int32_t number, const char* source, std::string_view what, st
             "Invalid Pay " + std::string(what) + " (" + std::to_string(code) + ")."};
 }
 
-// Stores `date` by the statement that `front` and `back` complete; tells the user of a failure.
-bool storeDate(std::string_view front, Date date, std::string_view back, std::int32_t lPRPID,
-               const char* failureText) {
+// Stores a date by `update`, a statement with places for the date and the row's key; tells the user
+// of a failure.
+bool storeDate(std::string_view update, Date date, std::int32_t lPRPID, const char* failureText) {
     try {
-        const std::string literal = DLLGlobal::pf().DateToUSstr(date);
-        std::string statement(front);
-        statement.append(literal).append(back).append(std::to_string(lPRPID));
-        DLLGlobal::g().DBDll().Execute(statement, failOnError);
+        const std::string sql =
+            statement(update, {DLLGlobal::pf().DateToUSstr(date), std::to_string(lPRPID)});
+        DLLGlobal::g().DBDll().Execute(sql, failOnError);
         return true;
     } catch (...) {  // whatever went wrong, the user is told and the old date stays
     }
@@ -66,13 +66,13 @@ PR_Pay_Freq PR_Convert_PayPeriod_to_PayFreq(std::int16_t iPeriod) {
 }
 
 bool PR_SetNExpPayDate(std::int32_t lPRPID, Date dtNExpPayDate) {
-    return storeDate("UPDATE PRPAY SET PRPNExpPayDate = #", dtNExpPayDate,
-                     "# WHERE PRPID = ", lPRPID, "Unable to set Next Pay Date!");
+    return storeDate("UPDATE PRPAY SET PRPNExpPayDate = #@# WHERE PRPID = @", dtNExpPayDate, lPRPID,
+                     "Unable to set Next Pay Date!");
 }
 
 bool PR_SetNExpEPEDate(std::int32_t lPRPID, Date dtNExpEPEDate) {
-    return storeDate("UPDATE PRPAY SET PRPNExpEPEDate = #", dtNExpEPEDate,
-                     "#WHERE PRPID = ", lPRPID, "Unable to set Next EPE Date!");
+    return storeDate("UPDATE PRPAY SET PRPNExpEPEDate = #@#WHERE PRPID = @", dtNExpEPEDate, lPRPID,
+                     "Unable to set Next EPE Date!");
 }
 
 }  // namespace ledgerwick

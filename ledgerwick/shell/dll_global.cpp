@@ -11,70 +11,67 @@
 namespace ledgerwick::DLLGlobal {
 namespace {
 
-// The references as the interfaces that their users need, so that a use costs no cast. Null when a
-// reference is empty, and when its object does not offer the interface.
-struct Interfaces {
-    HostGlobal* CallerGlobal = nullptr;
-    HostState* g = nullptr;
-    FileFunctions* fp = nullptr;
-    DataAccess* DAO_ADO = nullptr;
-    ProgramFunctions* pf = nullptr;
-    CEmployeeList* EmployeeList = nullptr;
+// A reference as the interface that its users need, so that a use costs no cast. The pointer is null
+// when the reference is empty, and when its object does not offer the interface.
+template <class Interface>
+struct Use {
+    Interface* object = nullptr;
+    bool isHeld = false;
 };
-constinit thread_local Interfaces interfaces;
 
-// At the end of a thread the interfaces go before the objects, so that an object which looks for
-// another in its destructor finds an empty reference.
+struct Uses {
+    Use<HostGlobal> CallerGlobal;
+    Use<HostState> g;
+    Use<FileFunctions> fp;
+    Use<DataAccess> DAO_ADO;
+    Use<ProgramFunctions> pf;
+    Use<CEmployeeList> EmployeeList;
+};
+constinit thread_local Uses uses;
+
+// At the end of a thread the uses go before the objects, so that an object which looks for another
+// in its destructor finds an empty reference.
 struct Held : References {
     Held() = default;
     Held(const Held&) = delete;
     Held& operator=(const Held&) = delete;
-    ~Held() { interfaces = {}; }
+    ~Held() { uses = {}; }
 };
 thread_local Held held;
 
 // The object that was held goes last: its destructor finds the new one in place.
 template <class Interface>
-void hold(ObjectRef References::*reference, Interface* Interfaces::*interface,
-          ObjectRef object) noexcept {
+void hold(ObjectRef References::*reference, Use<Interface> Uses::*use, ObjectRef object) noexcept {
     (held.*reference).swap(object);
-    interfaces.*interface = dynamic_cast<Interface*>((held.*reference).get());
+    Object* now = (held.*reference).get();
+    uses.*use = {dynamic_cast<Interface*>(now), now != nullptr};
 }
 
-[[noreturn]] void cannotUse(const ObjectRef& reference, std::string_view name) {
-    raise(reference ? error_number::noSuchMember : error_number::objectNotSet, name);
+template <class Interface>
+Interface& used(const Use<Interface>& use, std::string_view name) {
+    if (use.object) return *use.object;
+    raise(use.isHeld ? error_number::noSuchMember : error_number::objectNotSet, name);
 }
 
 }  // namespace
 
 HostGlobal& CallerGlobal() {
-    if (!interfaces.CallerGlobal) cannotUse(held.CallerGlobal, "CallerGlobal");
-    return *interfaces.CallerGlobal;
+    return used(uses.CallerGlobal, "CallerGlobal");
 }
-
 HostState& g() {
-    if (!interfaces.g) cannotUse(held.g, "g");
-    return *interfaces.g;
+    return used(uses.g, "g");
 }
-
 FileFunctions& fp() {
-    if (!interfaces.fp) cannotUse(held.fp, "fp");
-    return *interfaces.fp;
+    return used(uses.fp, "fp");
 }
-
 DataAccess& DAO_ADO() {
-    if (!interfaces.DAO_ADO) cannotUse(held.DAO_ADO, "DAO_ADO");
-    return *interfaces.DAO_ADO;
+    return used(uses.DAO_ADO, "DAO_ADO");
 }
-
 ProgramFunctions& pf() {
-    if (!interfaces.pf) cannotUse(held.pf, "pf");
-    return *interfaces.pf;
+    return used(uses.pf, "pf");
 }
-
 CEmployeeList& EmployeeList() {
-    if (!interfaces.EmployeeList) cannotUse(held.EmployeeList, "EmployeeList");
-    return *interfaces.EmployeeList;
+    return used(uses.EmployeeList, "EmployeeList");
 }
 
 const References& references() {
@@ -86,25 +83,25 @@ std::int32_t currentPayrollYear() {
 }
 
 void holdCallerGlobal(ObjectRef object) {
-    hold(&References::CallerGlobal, &Interfaces::CallerGlobal, std::move(object));
+    hold(&References::CallerGlobal, &Uses::CallerGlobal, std::move(object));
 }
 void holdG(ObjectRef object) {
-    hold(&References::g, &Interfaces::g, std::move(object));
+    hold(&References::g, &Uses::g, std::move(object));
 }
 void holdFp(ObjectRef object) {
-    hold(&References::fp, &Interfaces::fp, std::move(object));
+    hold(&References::fp, &Uses::fp, std::move(object));
 }
 void holdDAO_ADO(ObjectRef object) {
-    hold(&References::DAO_ADO, &Interfaces::DAO_ADO, std::move(object));
+    hold(&References::DAO_ADO, &Uses::DAO_ADO, std::move(object));
 }
 void holdARFuncs(ObjectRef object) {
     held.ARFuncs.swap(object);
 }
 void holdPf(ObjectRef object) {
-    hold(&References::pf, &Interfaces::pf, std::move(object));
+    hold(&References::pf, &Uses::pf, std::move(object));
 }
 void holdEmployeeList(ObjectRef object) {
-    hold(&References::EmployeeList, &Interfaces::EmployeeList, std::move(object));
+    hold(&References::EmployeeList, &Uses::EmployeeList, std::move(object));
 }
 
 }  // namespace ledgerwick::DLLGlobal
