@@ -41,7 +41,7 @@ bool fileExists(const std::filesystem::path& path) {
 std::filesystem::path findTemplate(const std::string& fileName) {
     const std::filesystem::path program = programFolder();
     for (const auto& folder : {program / templateFolder, program}) {
-        const auto path = folder / pathOf(fileName);
+        auto path = folder / pathOf(fileName);
         if (fileExists(path)) return path;
     }
     return {};

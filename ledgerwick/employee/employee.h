@@ -155,7 +155,12 @@ class LEDGERWICK_API cEmployee : public Object {
     Property<Currency>     PeriodRate;
     // clang-format on
 
-    // autoenrol/
+    // autoenrol/assessment.cpp:
+    // Where the employee stands by the pay records of a payroll year up to a date, open or closed
+    // ones. The pay rows of that year and of the one before are first read into the year stores of
+    // employments that do not hold them yet; no running state of an employment moves.
+    // Shape:  a new object, with its initial values when no pay record counts. The records of an
+    //         employment are taken in the order of their keys.
     std::shared_ptr<CAutoEnrolStatus> GetAutoEnrolStatus(Date dtmPayDateUpTo,
                                                          std::int32_t lPayrollYear,
                                                          bool bPeriodUpdated);

@@ -42,10 +42,18 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     // Replaces the reference to the employee list, which is shared with the host.
     void Init(const std::shared_ptr<CEmployeeList>& CEmpList) { employeeList_ = CEmpList; }
 
-    // ---- auto-enrolment tables (autoenrol/) -----------------------------------------------------
+    // ---- auto-enrolment tables (autoenrol/status_report.cpp, autoenrol/active_employees.cpp) ----
+    // Of the regular active employees: those employed now and not casual.
 
+    // Where each of them stands in auto-enrolment by the pay records up to `dtDateUpTo`, as
+    // `cEmployee::GetAutoEnrolStatus` tells it.
+    // Shape:  21 fields, unsorted ("NameSort" is there to sort by), standing on the row stored
+    //         last. `lNAID` below 1 is everybody; one who is not among them gives no rows.
+    //         "EnrolledDate" is never filled, "Scheme" not for a scheme that does not exist.
     ResultTable GetAEStatus(Date dtDateUpTo, std::int32_t lPayrollYear, bool bPeriodUpdated,
                             std::int32_t lNAID = 0);
+    // A table for pick lists and exports, sorted by sequence and name.
+    // Shape:  5 fields, with `bIncPOFields` 21. "NASeq" is never filled.
     ResultTable C_ActiveEmployees(bool bIncPOFields = false);
 
     // ---- pay date queries (payrun/pay_date_queries.cpp) -----------------------------------------
@@ -85,7 +93,15 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- workplace scheme maintenance (autoenrol/scheme_maintenance.cpp) ------------------------
 
+    // Withdraws the visited mark from the scheme's open pay rows of the current payroll year, and
+    // brings the scheme's employees in the list up to date with its rates.
+    // Shape:  always Empty.
+    // Errors: 91 for an employee of the scheme who is not in the list; the marks are withdrawn by
+    //         then, and the employees before that one up to date.
     Variant C_PenWorkplaceSchemeUpdate(std::int32_t lPSID);
+    // When one of the two dates lies in the current payroll year, withdraws the visited mark from
+    // that year's open pay rows whose scheme has deductions of type 2.
+    // Shape:  always Empty.
     Variant C_ReEnrolDateChanged(Date dOld, Date dNew);
 
     // ---- opening a pay run (payrun/input_hours.cpp) ---------------------------------------------
