@@ -20,9 +20,11 @@ bool canStandInTableName(char c) {
 }  // namespace
 
 KitHostState::KitHostState(std::shared_ptr<Database> database,
-                           std::shared_ptr<const KitParameters> parameters, HostSettings settings)
+                           std::shared_ptr<const KitParameters> parameters, Date today,
+                           HostSettings settings)
     : database_(std::move(database)),
       parameters_(std::move(parameters)),
+      today_(today),
       settings_(std::move(settings)) {
     const std::string& pcId = settings_.pcId;
     if (!std::all_of(pcId.begin(), pcId.end(), canStandInTableName)) {

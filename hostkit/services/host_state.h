@@ -19,7 +19,7 @@ using MessageSink = std::function<void(const std::string& caption, const std::st
 
 // What a host says about itself.
 struct HostSettings {
-    Date today;                              // the host's today; the kit reads no clock
+    std::string programPath = ".";           // the program's folder; letter templates lie below it
     std::string pcId = "1";                  // this workstation; letters, digits and "_"
     std::string programName = "Ledgerwick";  // caption of messages
     MessageSink messages;  // where critical messages go; the error stream if empty
@@ -29,18 +29,20 @@ struct HostSettings {
 // Reads the control record from the table `PRControl`, the year ends from `PRYearEnds(PRYEYear,
 // PRYEDate)`, and the money format and the first day of a weekly pay reference period from the
 // parameters "CurFormat" (else "#,##0.00") and "AEPRPStartDay" (else 0). The year ends are held in
-// memory; what another process changes in them is seen after `ReloadYearEnds`.
+// memory; what another process changes in them is seen after `ReloadYearEnds`. Today is what the host
+// says: the kit reads no clock.
 class LEDGERWICK_HOSTKIT_API KitHostState : public HostState {
   public:
     // Errors: 5 for a `pcId` that cannot stand in the name of a table.
     KitHostState(std::shared_ptr<Database> database,
-                 std::shared_ptr<const KitParameters> parameters, HostSettings settings);
+                 std::shared_ptr<const KitParameters> parameters, Date today,
+                 HostSettings settings = {});
 
     Database& DBDll() override { return *database_; }
     Recordset& g_rsPRControl() override { return *control_; }
     const Dictionary<std::int32_t, Date>& g_dicPRYears() override { return yearEnds_; }
-    Date g_dtmToday() override { return settings_.today; }
-    void g_dtmToday(Date today) { settings_.today = today; }
+    Date g_dtmToday() override { return today_; }
+    void g_dtmToday(Date today) { today_ = today; }
     std::int16_t g_iAEPRPStartDay() override;
     std::string g_strPCID() override { return settings_.pcId; }
     std::string g_strProgName() override { return settings_.programName; }
@@ -56,6 +58,7 @@ class LEDGERWICK_HOSTKIT_API KitHostState : public HostState {
   private:
     std::shared_ptr<Database> database_;
     std::shared_ptr<const KitParameters> parameters_;
+    Date today_;
     HostSettings settings_;
     RecordsetRef control_;
     Dictionary<std::int32_t, Date> yearEnds_;

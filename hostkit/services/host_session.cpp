@@ -1,0 +1,50 @@
+#include "hostkit/services/host_session.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "hostkit/services/file_functions.h"
+#include "hostkit/services/program_functions.h"
+#include "hostkit/sqlite/database.h"
+#include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/values/error.h"
+
+namespace ledgerwick {
+
+namespace {
+
+std::shared_ptr<Database> openExisting(const std::string& path) {
+    if (!std::filesystem::exists(path)) raise(error_number::fileNotFound, "HostSession", path);
+    return sqlite::SqliteDatabase::open(path);
+}
+
+}  // namespace
+
+HostSession::HostSession(const std::string& databasePath, Date today, HostSettings settings)
+    : HostSession(openExisting(databasePath), today, std::move(settings)) {}
+
+HostSession::HostSession(std::shared_ptr<Database> database, Date today, HostSettings settings)
+    : database_(std::move(database)), parameters_(std::make_shared<KitParameters>(database_)) {
+    const std::string programPath = settings.programPath;
+    state_ = std::make_shared<KitHostState>(database_, parameters_, today, std::move(settings));
+    identify_ = std::make_shared<Identify>();
+    identify_->SetCallerGlobal(std::make_shared<KitGlobal>(programPath));
+    identify_->Setg(state_);
+    identify_->Setpf(std::make_shared<KitProgramFunctions>(parameters_));
+    identify_->Setfp(std::make_shared<KitFileFunctions>(programPath));
+    list_ = std::make_shared<CEmployeeList>();
+    identify_->SetEmployeeList(list_);
+    payroll_ = std::make_shared<CPayrollFunctions>();
+    payroll_->Init(list_);
+}
+
+HostSession::~HostSession() {
+    if (DLLGlobal::references().g != state_) return;  // a later session is in force
+    identify_->SetCallerGlobal(nullptr);
+    identify_->Setg(nullptr);
+    identify_->Setpf(nullptr);
+    identify_->Setfp(nullptr);
+    identify_->SetEmployeeList(nullptr);
+}
+
+}  // namespace ledgerwick

@@ -1,0 +1,51 @@
+// Everything that an embedding needs, in one object.
+//
+//   HostSession session("company.db", Date::fromYmd(2016, 4, 29));
+//   session.list().LoadEmployees();
+//   Date due = session.payroll().C_Next_Expected_Pay_Date();
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "hostkit/export.h"
+#include "hostkit/services/host_state.h"
+#include "hostkit/services/parameters.h"
+#include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/shell/identify.h"
+#include "ledgerwick/shell/payroll_functions.h"
+
+namespace ledgerwick {
+
+// Opens a database and links the library to it in the order that it asks for: the `Identify`, the
+// services, the list, the functions. Loading is left to the host, who may want a label for it.
+//
+// The library keeps one set of references for each thread, so that one session at a time is in
+// force on a thread: the one made last. Its end clears the references that are still its own.
+class LEDGERWICK_HOSTKIT_API HostSession {
+  public:
+    // Opens the database file, which must be there with the kit's tables in it.
+    // Errors: 53 when there is no such file; those of the database.
+    HostSession(const std::string& databasePath, Date today, HostSettings settings = {});
+    // Takes a database that is open already, of the kit or of the host.
+    HostSession(std::shared_ptr<Database> database, Date today, HostSettings settings = {});
+    ~HostSession();
+    HostSession(const HostSession&) = delete;
+    HostSession& operator=(const HostSession&) = delete;
+
+    CEmployeeList& list() noexcept { return *list_; }
+    CPayrollFunctions& payroll() noexcept { return *payroll_; }
+    Database& database() noexcept { return *database_; }
+    KitHostState& state() noexcept { return *state_; }
+    KitParameters& parameters() noexcept { return *parameters_; }
+
+  private:
+    std::shared_ptr<Database> database_;
+    std::shared_ptr<KitParameters> parameters_;
+    std::shared_ptr<KitHostState> state_;
+    std::shared_ptr<Identify> identify_;
+    std::shared_ptr<CEmployeeList> list_;
+    std::shared_ptr<CPayrollFunctions> payroll_;
+};
+
+}  // namespace ledgerwick
