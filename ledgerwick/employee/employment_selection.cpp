@@ -114,7 +114,7 @@ void cEmployee::carryLastRTI(cEmployment& employment) {
     while (lacksPayment(*source)) source = &before(*source);
     if (!source->LastRTISet()) return;
 
-    for (cEmployment* e = &employment; lacksPayment(*e); e = &before(*e)) e->carryLastRTI(*source);
+    for (cEmployment* e = &employment; e != source; e = &before(*e)) e->carryLastRTI(*source);
 }
 
 }  // namespace ledgerwick

@@ -76,27 +76,17 @@ void fillEmployee(cEmployee& employee, Recordset& rs) {
     employee.UpdateWorkplacePensionDetails(rs);
 }
 
-// ---- what the load reads, for a layer that leaves the rest undecoded ----------------------------
-
 void append(std::vector<FieldName>& fields, FieldList more) {
     fields.insert(fields.end(), more.begin(), more.end());
 }
 
+// What the load reads of a joined row, for a layer that leaves the rest undecoded.
 const std::vector<FieldName>& employeeFields() {
     static const std::vector<FieldName> fields = [] {
         std::vector<FieldName> all{field::PREOriginallyJoined};
         for (const Binding& binding : employeeBindings) all.push_back(binding.field);
         append(all, cEmployee::workplacePensionFields());
         append(all, cEmployment::employmentFields());
-        return all;
-    }();
-    return fields;
-}
-
-const std::vector<FieldName>& paymentFields() {
-    static const std::vector<FieldName> fields = [] {
-        std::vector<FieldName> all{field::PRPNAID, field::PRTID};
-        append(all, cEmployment::paymentFields());
         return all;
     }();
     return fields;
@@ -224,7 +214,7 @@ void CEmployeeList::LoadEmployeeRows(Recordset& rs) {
 }
 
 void CEmployeeList::LoadPayments(std::int32_t lNAID, std::int32_t lPayrollYear) {
-    const RecordsetRef rs = OpenPaymentsRS(lNAID, 0, lPayrollYear, paymentFields());
+    const RecordsetRef rs = OpenPaymentsRS(lNAID, 0, lPayrollYear, cEmployment::paymentFields());
     if (rs->RecordCount() == 0) return;
 
     std::shared_ptr<cEmployee> employee;
