@@ -1,94 +1,81 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/shell/payroll_functions.h"
 #include "ledgerwick/shell/schema.h"
+#include "tests/support/company.h"
 #include "tests/support/errors.h"
-#include "tests/support/expect.h"
-#include "tests/support/memory_host.h"
 
 namespace ledgerwick::test {
 namespace {
 
-// Employees 7 and 8 in the list; the current payroll year is 17.
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Scheme 3 has deductions of type 2, scheme 4 of type 1. Employee 7 is in scheme 3 by its rates, 8
+// by rates of her own, 9 in scheme 4. Every pay row carries the visited mark.
 class SchemeMaintenance : public testing::Test {
   protected:
     SchemeMaintenance() {
-        payroll.Init(host.sharedList());
-        for (const std::int32_t naid : {7, 8}) {
-            host.employee(naid, PFREQ_1Weekly)->PenWorkplaceEEDeductPC(1.0F);
+        company.scheme(3, "Oak", 4, 5, 2).scheme(4, "Ash", 1, 1, 1);
+        company.employee(7).inScheme(3).employment(16).open(week(52)).pay(visitedIn(3));
+        company.employee(7).employment(17).closed(week(1)).pay(visitedIn(3));
+        company.employee(7).open(week(2)).pay(visitedIn(3)).open(week(3)).pay(visitedIn(0));
+        company.employee(8).inScheme(3, false).open(week(1)).pay(visitedIn(3));
+        company.employee(8).details("PREPenWorkplaceEEDeductPerC = 2.5");
+        company.employee(9).inScheme(4).open(week(1)).pay(visitedIn(4));
+        company.load();
+    }
+
+    static std::string visitedIn(int scheme) {
+        return "PRPHasBeenVisited = True, PRPPenWorkplaceSchemeID = " + std::to_string(scheme);
+    }
+    // The rows whose mark was withdrawn: employee and week.
+    std::vector<std::pair<int, int>> withdrawn() {
+        const auto rows = company.database().OpenRecordset(
+            "SELECT PRPNAID, PRPWeekNo FROM PRPay WHERE PRPHasBeenVisited = False ORDER BY PRPID",
+            RecordsetType::Snapshot);
+        std::vector<std::pair<int, int>> found;
+        for (; !rows->Eof(); rows->MoveNext()) {
+            found.emplace_back(rows->GetInt32(field::PRPNAID), rows->GetInt32(field::PRPWeekNo));
         }
+        return found;
     }
 
-    static Row schemeRow(std::int32_t naid, bool useSchemeRates) {
-        return Row{
-            {field::PRENAID, naid},
-            {field::PREPenWorkplaceSchemeID, 3},
-            {field::PREPenWorkplaceUseSchemeRates, useSchemeRates},
-            {field::PREPenWorkplaceEEDeductPerC, 6.0F},
-            {field::PREPenWorkplaceERDeductPerC, 7.0F},
-            {field::PREPenWorkplaceEEDeductFlat, Currency::fromWhole(8)},
-            {field::PREPenWorkplaceERDeductFlat, Currency::fromWhole(9)},
-            {field::PSID, 3},
-            {field::PSDefEE, 4.0F},
-            {field::PSDefER, 5.0F},
-        };
-    }
-    float employeeRate(std::int32_t naid) {
-        return host.list().GetEmployeeByNAID(naid)->PenWorkplaceEEDeductPC();
-    }
-    RowsDatabase& database() { return host.database(); }
-
-    MemoryHost host;
-    CPayrollFunctions payroll;
+    Company company;
 };
 
-TEST_F(SchemeMaintenance, BringsTheEmployeesOfTheSchemeUpToDate) {
-    database().answer("WHERE PREPenWorkplaceSchemeID = 3",
-                      {schemeRow(7, true), schemeRow(8, false)});
-    EXPECT_TRUE(payroll.C_PenWorkplaceSchemeUpdate(3).isEmpty());
-    EXPECT_EQ(employeeRate(7), 4.0F);
-    EXPECT_EQ(employeeRate(8), 6.0F);
-    EXPECT_EQ(database().executed().size(), 1U);
+TEST_F(SchemeMaintenance, WithdrawsTheMarkFromTheSchemesOpenRowsOfTheYear) {
+    EXPECT_TRUE(company.payroll().C_PenWorkplaceSchemeUpdate(3).isEmpty());
+    EXPECT_THAT(withdrawn(), ElementsAre(std::pair{7, 2}, std::pair{8, 1}));
 }
 
-TEST_F(SchemeMaintenance, ChangesNobodyWhenTheSchemeHasNoEmployee) {
-    database().answer("WHERE PREPenWorkplaceSchemeID = 3", {});
-    payroll.C_PenWorkplaceSchemeUpdate(3);
-    EXPECT_EQ(employeeRate(7), 1.0F);
-    EXPECT_EQ(database().executed().size(), 1U);
+TEST_F(SchemeMaintenance, BringsTheSchemesEmployeesUpToDate) {
+    company.exec("UPDATE PensionSchemes SET PSDefEE = PSDefEE + 2, PSDefER = PSDefER + 2");
+    company.payroll().C_PenWorkplaceSchemeUpdate(3);
+    EXPECT_EQ(company.at(7).PenWorkplaceEEDeductPC(), 6.0F);
+    EXPECT_EQ(company.at(7).PenWorkplaceERDeductPC(), 7.0F);
+    EXPECT_EQ(company.at(8).PenWorkplaceEEDeductPC(), 2.5F);
+    EXPECT_EQ(company.at(9).PenWorkplaceEEDeductPC(), 1.0F);
+    EXPECT_TRUE(company.payroll().C_PenWorkplaceSchemeUpdate(5).isEmpty()) << "nobody is in it";
 }
 
 TEST_F(SchemeMaintenance, StopsAtAnEmployeeWhoIsNotInTheList) {
-    database().answer("WHERE PREPenWorkplaceSchemeID = 3",
-                      {schemeRow(7, true), schemeRow(9, true), schemeRow(8, true)});
-    EXPECT_EQ(raisedBy([&] { payroll.C_PenWorkplaceSchemeUpdate(3); }), error_number::objectNotSet);
-    EXPECT_EQ(database().executed().size(), 1U) << "the withdrawn marks stay withdrawn";
-    EXPECT_EQ(employeeRate(7), 4.0F);
-    EXPECT_EQ(employeeRate(8), 1.0F);
-}
-
-TEST_F(SchemeMaintenance, ReadsNothingWhenTheMarksCannotBeWithdrawn) {
-    database().failNextExecute(3146);
-    EXPECT_EQ(raisedBy([&] { payroll.C_PenWorkplaceSchemeUpdate(3); }), 3146);
-    EXPECT_TRUE(database().opened().empty());
+    company.employee(6).inScheme(3);
+    EXPECT_EQ(raisedBy([&] { company.payroll().C_PenWorkplaceSchemeUpdate(3); }),
+              error_number::objectNotSet);
+    EXPECT_EQ(withdrawn().size(), 2U) << "the withdrawn marks stay withdrawn";
 }
 
 TEST_F(SchemeMaintenance, ActsOnAReEnrolmentDateOfTheCurrentYearOnly) {
-    const struct {
-        Date from;
-        Date to;
-        std::size_t statements;
-    } cases[] = {
-        {on(5, 4, 2016), on(6, 4, 2017), 0},  // the years before and after
-        {on(6, 4, 2016), on(6, 4, 2017), 1},
-        {on(6, 4, 2017), on(5, 4, 2017), 1},
-        {on(1, 5, 2016), on(1, 6, 2016), 1},
-    };
-    for (const auto& c : cases) {
-        const std::size_t before = database().executed().size();
-        EXPECT_TRUE(payroll.C_ReEnrolDateChanged(c.from, c.to).isEmpty());
-        EXPECT_EQ(database().executed().size() - before, c.statements) << c.from.toText();
+    company.payroll().C_ReEnrolDateChanged(day("2016-04-05"), day("2017-04-06"));
+    EXPECT_THAT(withdrawn(), IsEmpty());
+
+    const std::pair<const char*, const char*> dates[] = {
+        {"2016-04-06", "2017-04-06"}, {"2016-04-05", "2017-04-05"}, {"2016-05-01", "2016-06-01"}};
+    for (const auto& [from, to] : dates) {
+        company.exec("UPDATE PRPay SET PRPHasBeenVisited = -1");
+        company.payroll().C_ReEnrolDateChanged(day(from), day(to));
+        EXPECT_THAT(withdrawn(), ElementsAre(std::pair{7, 2}, std::pair{8, 1})) << from;
     }
 }
 

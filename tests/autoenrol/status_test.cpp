@@ -2,7 +2,6 @@
 
 #include "ledgerwick/autoenrol/auto_enrol_status.h"
 #include "ledgerwick/employee/employee.h"
-#include "ledgerwick/shell/payroll_functions.h"
 #include "ledgerwick/shell/schema.h"
 #include "tests/support/errors.h"
 #include "tests/support/expect.h"
@@ -256,112 +255,6 @@ TEST_F(YearStore, AsksForNobodyElsesRows) {
     blank(0, 17);  // 0 would open the rows of all employees
     blank(7, -1);  // and -1 those of all years
     EXPECT_TRUE(database().opened().empty());
-}
-
-// ---- payroll state ------------------------------------------------------------------------------
-
-// All that the load and the fold leave on an employment.
-std::vector<Variant> stateOf(const cEmployment& e) {
-    return {e.PRTID(),
-            e.PayrollYear(),
-            e.EmployCount(),
-            e.PRTStartDate(),
-            e.EndDate(),
-            e.Active(),
-            e.AEStatusStart(),
-            e.Continuation(),
-            e.AEContinuation(),
-            e.EmpType(),
-            e.NExpPayDate(),
-            e.NExpPRP(),
-            e.LExpPRP(),
-            e.AEStatusCur(),
-            e.LastEPEDate(),
-            e.LastWeekNo(),
-            e.LastPayDate(),
-            e.LastPayFreq(),
-            e.NExpEPEDate(),
-            e.FirstEPEDate(),
-            e.PaymentsExist(),
-            e.LastUD_PRPID(),
-            e.LastMonthNo(),
-            e.HasImportedPay(),
-            e.ImportedPayValue(),
-            e.LExpPayDate(),
-            e.StartDate(),
-            e.HMRCStartDate(),
-            e.LastRTISet(),
-            e.LastRTI(),
-            e.ContinuationOfPRTID(),
-            e.FirstPRPID(),
-            e.SMPCurStatus(),
-            e.SMPConsecutiveWeeks(),
-            e.SAPCurStatus(),
-            e.SAPConsecutiveWeeks(),
-            e.SPPCurStatus(),
-            e.SPPConsecutiveWeeks(),
-            e.ShPPCurStatus(),
-            e.ShPPConsecutiveDays(),
-            e.SLCurStatus(),
-            e.SLLastKnownPlan(),
-            e.PGLCurStatus(),
-            e.PGLWasDeducted()};
-}
-
-std::vector<Variant> stateOf(cEmployee& employee) {
-    std::vector<Variant> state{
-        employee.Active(), employee.Casual(), employee.MostRecentEmploymentPRTID(),
-        employee.PreviousEmploymentPRTID(), employee.CurEmployment()->PRTID()};
-    for (const auto& employment : employee.Employments()) {
-        const auto part = stateOf(*employment);
-        state.insert(state.end(), part.begin(), part.end());
-    }
-    return state;
-}
-
-// The pay rows of two years have been folded, and the flags are set.
-TEST(AutoEnrolReport, MovesNoPayrollState) {
-    MemoryHost host;
-    const auto employee = host.employee(7, PFREQ_1Weekly);
-    const auto yearBefore = [](const Row& row) {
-        return row.with(field::PRTID, 60)
-            .with(field::PRTPayrollYear, 16)
-            .with(field::PRPPayrollYear, 16);
-    };
-    const auto rowInRun = [](std::int32_t week) {
-        return fullPayRow(week)
-            .with(field::PRPMaternityHighWeeks, 1.0)
-            .with(field::PRPASPPDays, 2.0)
-            .with(field::PRPStudentLoan, week)
-            .with(field::PRPStatus, 3);
-    };
-    const std::vector<Row> rows{rowInRun(1), rowInRun(2), rowInRun(3)};
-    const std::vector<Row> rowsBefore{yearBefore(rowInRun(4)), yearBefore(rowInRun(5))};
-    Rows employments{yearBefore(employmentRow()), employmentRow()};
-    for (; !employments.Eof(); employments.MoveNext()) employee->AddEmployment(employments);
-    for (const auto& year : {rowsBefore, rows}) {
-        for (Rows folded(year); !folded.Eof(); folded.MoveNext()) employee->AddPayment(folded);
-    }
-    employee->UpdateFlags();
-    const auto before = stateOf(*employee);
-
-    host.database().answer("PRPPayrollYear = 17", rows);
-    host.database().answer("PRPPayrollYear = 16", rowsBefore);
-    host.database().answer("FROM PensionSchemes", {});
-    CPayrollFunctions payroll;
-    payroll.Init(host.sharedList());
-    for (const bool closed : {true, false, true}) {
-        payroll.GetAEStatus(on(5, 4, 2017), 17, closed);
-        EXPECT_EQ(stateOf(*employee), before);
-    }
-    payroll.C_ActiveEmployees(true);
-    EXPECT_EQ(stateOf(*employee), before);
-    EXPECT_EQ(employee->CurEmployment()->SMPConsecutiveWeeks(), 3);
-    EXPECT_TRUE(host.database().executed().empty());
-
-    std::shared_ptr<PaymentsOfYear> payments;
-    EXPECT_TRUE(employee->GetEmploymentByIndex("60")->GetPayrollYearPayments(16, payments));
-    EXPECT_EQ(payments->Count(), 2);
 }
 
 }  // namespace

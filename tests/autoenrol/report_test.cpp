@@ -1,0 +1,89 @@
+// Reports on a real database: where the figures come from, and that they move nothing.
+#include <gtest/gtest.h>
+
+#include "ledgerwick/autoenrol/auto_enrol_status.h"
+#include "tests/support/company.h"
+
+namespace ledgerwick::test {
+namespace {
+
+// All that the load and the fold leave on an employment.
+std::vector<Variant> stateOf(const cEmployment& e) {
+    // clang-format off
+    return {
+        e.PRTID(), e.PayrollYear(), e.EmployCount(), e.PRTStartDate(), e.EndDate(),
+        e.Active(), e.AEStatusStart(), e.Continuation(), e.AEContinuation(),
+        e.EmpType(), e.NExpPayDate(), e.NExpPRP(), e.LExpPRP(), e.AEStatusCur(),
+        e.LastEPEDate(), e.LastWeekNo(), e.LastPayDate(), e.LastPayFreq(),
+        e.NExpEPEDate(), e.FirstEPEDate(), e.PaymentsExist(), e.LastUD_PRPID(),
+        e.LastMonthNo(), e.HasImportedPay(), e.ImportedPayValue(), e.LExpPayDate(),
+        e.StartDate(), e.HMRCStartDate(), e.LastRTISet(), e.LastRTI(),
+        e.ContinuationOfPRTID(), e.FirstPRPID(), e.SMPCurStatus(),
+        e.SMPConsecutiveWeeks(), e.SAPCurStatus(), e.SAPConsecutiveWeeks(),
+        e.SPPCurStatus(), e.SPPConsecutiveWeeks(), e.ShPPCurStatus(),
+        e.ShPPConsecutiveDays(), e.SLCurStatus(), e.SLLastKnownPlan(), e.PGLCurStatus(),
+        e.PGLWasDeducted()};
+    // clang-format on
+}
+
+std::vector<Variant> stateOf(cEmployee& employee) {
+    std::vector<Variant> state{
+        employee.Active(), employee.Casual(), employee.MostRecentEmploymentPRTID(),
+        employee.PreviousEmploymentPRTID(), employee.CurEmployment()->PRTID()};
+    for (const auto& employment : employee.Employments()) {
+        const auto part = stateOf(*employment);
+        state.insert(state.end(), part.begin(), part.end());
+    }
+    return state;
+}
+
+// A regular employee of two payroll years, on a run of statutory pay and with an open row.
+class AutoEnrolReport : public testing::Test {
+  protected:
+    AutoEnrolReport() {
+        const std::string inRun =
+            "PRPMaternityHighWeeks = 1, PRPASPPDays = 2, PRPStudentLoan = 1, PRPWorksNo = 'W7'";
+        company.employee(7).withoutEmployment().employment(16).started("2015-04-06");
+        company.employee(7).closed(weeks(50, 52)).pay(inRun);
+        company.employee(7).employment(17).closed(weeks(1, 3)).pay(inRun);
+        company.employee(7).open(week(4)).pay("PRPWorksNo = 'W8'");
+        company.load();
+    }
+    Variant nextAssessDate(bool closed) {
+        return company.payroll()
+            .GetAEStatus(day("2017-04-05"), 17, closed)
+            .Fields("NextAssessDate");
+    }
+
+    Company company;
+};
+
+TEST_F(AutoEnrolReport, MovesNoPayrollState) {
+    const auto before = stateOf(company.at(7));
+    for (const bool closed : {true, false, true}) {
+        company.payroll().GetAEStatus(day("2017-04-05"), 17, closed);
+        EXPECT_EQ(stateOf(company.at(7)), before);
+    }
+    company.payroll().C_ActiveEmployees(true);
+    EXPECT_EQ(stateOf(company.at(7)), before);
+    EXPECT_EQ(company.current(7).SMPConsecutiveWeeks(), 3);
+
+    std::shared_ptr<PaymentsOfYear> payments;
+    EXPECT_TRUE(company.at(7).GetEmploymentByIndex("70")->GetPayrollYearPayments(16, payments));
+    EXPECT_EQ(payments->Count(), 3);
+}
+
+TEST_F(AutoEnrolReport, ShowsRowsClosedLaterOnceTheEmployeeIsLoadedAgain) {
+    const Date third = datesOf(PFREQ_1Weekly, 17, 3).payDate;
+    const Date fourth = datesOf(PFREQ_1Weekly, 17, 4).payDate;
+    EXPECT_TRUE(nextAssessDate(true) == third);
+    EXPECT_TRUE(nextAssessDate(false) == fourth);
+    company.payroll().C_UpdatePayPeriod(7, fourth);
+    EXPECT_TRUE(nextAssessDate(true) == third);
+    company.list().ReLoadEmployee(7);
+    EXPECT_TRUE(nextAssessDate(true) == fourth);
+    EXPECT_TRUE(nextAssessDate(false) == Date());
+}
+
+}  // namespace
+}  // namespace ledgerwick::test
