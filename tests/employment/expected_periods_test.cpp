@@ -2,12 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 #include "ledgerwick/employment/employment.h"
 #include "ledgerwick/shell/schema.h"
 #include "ledgerwick/values/error.h"
+#include "tests/support/errors.h"
 #include "tests/support/memory_host.h"
 #include "tests/support/rows.h"
 
@@ -17,6 +17,7 @@ namespace {
 using test::closedPayRow;
 using test::employmentRow;
 using test::MemoryHost;
+using test::raisedBy;
 using test::Rows;
 
 Variant period(Date first, Date last) {
@@ -24,15 +25,6 @@ Variant period(Date first, Date last) {
     days.at(1) = first;
     days.at(2) = last;
     return days;
-}
-
-std::int32_t errorOf(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const Error& error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 // A weekly employee with one employment, paid for weeks 1 and 2 of 2016 and due again on 29 April.
@@ -118,31 +110,31 @@ TEST_F(ExpectedPeriods, OnlyTheMostRecentEmploymentHasThem) {
     EXPECT_TRUE(employment->NExpPRP().isEmpty());
 
     employment->EmpType(PR_ET_Casual);
-    EXPECT_EQ(errorOf([&] { employment->CalcExpPRP(); }), 0);
+    EXPECT_EQ(raisedBy([&] { employment->CalcExpPRP(); }), 0);
 }
 
 TEST_F(ExpectedPeriods, FailureLeavesThemAsTheyWere) {
     employee->UpdateFlags();
     employment->LExpPayDate(Date::fromYmd(2016, 7, 1));
     employee->PayFrequency(PFREQ_Casual);
-    EXPECT_EQ(errorOf([&] { employment->CalcExpPRP(); }), 9909);
+    EXPECT_EQ(raisedBy([&] { employment->CalcExpPRP(); }), 9909);
     host.list().Clear();
-    EXPECT_EQ(errorOf([&] { employment->CalcExpPRP(); }), error_number::objectNotSet);
+    EXPECT_EQ(raisedBy([&] { employment->CalcExpPRP(); }), error_number::objectNotSet);
     EXPECT_EQ(employment->LExpPRP(), lastWeek);
     EXPECT_EQ(employment->NExpPRP(), nextWeek);
 }
 
 TEST_F(ExpectedPeriods, EmployeeWithoutMostRecentEmploymentFails) {
-    EXPECT_EQ(errorOf([&] { employment->CalcExpPRP(); }), error_number::objectNotSet);
+    EXPECT_EQ(raisedBy([&] { employment->CalcExpPRP(); }), error_number::objectNotSet);
     cEmployment blank;
-    EXPECT_EQ(errorOf([&] { blank.CalcExpPRP(); }), error_number::objectNotSet);
+    EXPECT_EQ(raisedBy([&] { blank.CalcExpPRP(); }), error_number::objectNotSet);
 }
 
 TEST(ExpectedPeriodDays, AreATypeErrorBeforeTheyAreCalculated) {
     const cEmployment employment;
-    EXPECT_EQ(errorOf([&] { employment.LExpPRPStart(); }), error_number::typeMismatch);
-    EXPECT_EQ(errorOf([&] { employment.LExpPRPEnd(); }), error_number::typeMismatch);
-    EXPECT_EQ(errorOf([&] { employment.NExpPRPStart(); }), error_number::typeMismatch);
+    EXPECT_EQ(raisedBy([&] { employment.LExpPRPStart(); }), error_number::typeMismatch);
+    EXPECT_EQ(raisedBy([&] { employment.LExpPRPEnd(); }), error_number::typeMismatch);
+    EXPECT_EQ(raisedBy([&] { employment.NExpPRPStart(); }), error_number::typeMismatch);
 }
 
 }  // namespace

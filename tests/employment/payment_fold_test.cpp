@@ -11,6 +11,7 @@
 #include "ledgerwick/employment/employment.h"
 #include "ledgerwick/shell/schema.h"
 #include "ledgerwick/values/error.h"
+#include "tests/support/errors.h"
 #include "tests/support/rows.h"
 
 namespace ledgerwick {
@@ -35,12 +36,7 @@ cEmployment folded(std::vector<Row> rows) {
 
 // Number of the error that folding the row raises; 0 for none.
 std::int32_t errorOf(cEmployment& employment, const Row& row) {
-    try {
-        fold(employment, {row});
-    } catch (const Error& error) {
-        return error.Number();
-    }
-    return 0;
+    return test::raisedBy([&] { fold(employment, {row}); });
 }
 
 std::int32_t reported(const cEmployment& employment, std::int32_t detail) {
