@@ -81,6 +81,7 @@ const MonthlyStep datesAfterChange[] = {
     {"on the very day", 15, on(15, 6, 2015), on(15, 7, 2015)},
     {"on the very day, later that day", 15, Date::fromYmdHms(2015, 6, 15, 8, 0, 0),
      on(15, 7, 2015)},
+    {"the same before the zero date", 15, Date::fromYmdHms(1899, 12, 15, 8, 0, 0), on(15, 1, 1900)},
     {"day 3 lies ahead, in the pay month before", 3, on(2, 6, 2015), on(3, 6, 2015)},
     {"day 3 is past, still in the pay month before", 3, on(4, 6, 2015), on(3, 7, 2015)},
     {"the last day of the month", 0, on(10, 6, 2015), on(30, 6, 2015)},

@@ -72,6 +72,7 @@ TEST_F(PayrollCalendar, TurnsMonthsAndWeeksOfTheCurrentYearIntoEachOther) {
     EXPECT_EQ(payroll.C_CalcTaxMonth_OF_Week(1), 1);
     EXPECT_EQ(payroll.C_CalcTaxMonth_OF_Week(std::int16_t{5}), 1) << "by the week's first day";
     EXPECT_EQ(payroll.C_CalcTaxMonth_OF_Week(6), 2);
+    EXPECT_EQ(payroll.C_CalcTaxMonth_OF_Week(27), 6) << "from 5 October on";
     EXPECT_EQ(payroll.C_CalcTaxMonth_OF_Week(53), 12);
     EXPECT_EQ(payroll.C_CalcTaxMonth_OF_Week(54), 1) << "no cut at the year's end";
     EXPECT_EQ(raisedBy([&] { payroll.C_CalcTaxWeek_OF_Month(Null); }),

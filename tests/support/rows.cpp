@@ -70,6 +70,7 @@ void Rows::MoveFirst() {
 void Rows::MoveLast() {
     if (rows_.empty()) raise(error_number::noCurrentRecord, "Rows.MoveLast");
     position_ = size() - 1;
+    isCounted_ = true;
 }
 
 void Rows::MoveNext() {
@@ -121,12 +122,14 @@ void RowsDatabase::answer(std::string_view fragment, std::vector<Row> rows) {
     answers_.push_back({std::string(fragment), std::move(rows)});
 }
 
-RecordsetRef RowsDatabase::OpenRecordset(std::string_view sql, RecordsetType, FieldList reads) {
+RecordsetRef RowsDatabase::OpenRecordset(std::string_view sql, RecordsetType type,
+                                         FieldList reads) {
     opened_.emplace_back(sql);
     for (const Answer& answer : answers_) {
         if (sql.find(answer.fragment) == std::string_view::npos) continue;
         auto rows = std::make_shared<Rows>(answer.rows);
         if (!reads.empty()) rows->allowOnly(reads);
+        if (type == RecordsetType::Snapshot) rows->countAtLastRow();
         return rows;
     }
     raise(error_number::statementError, "RowsDatabase", sql);

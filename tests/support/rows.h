@@ -53,7 +53,10 @@ class Rows : public Recordset {
     // From now on reading any other field fails with 3265, as in a layer that prunes.
     void allowOnly(FieldList reads) { allowed_.emplace(reads.begin(), reads.end()); }
 
-    std::int32_t RecordCount() override { return size(); }
+    // From now on, and until `MoveLast`, the count tells no more than whether there are rows.
+    void countAtLastRow() { isCounted_ = false; }
+
+    std::int32_t RecordCount() override { return isCounted_ ? size() : size() > 0; }
     bool Eof() override { return position_ >= size(); }
     std::int32_t AbsolutePosition() override { return Eof() ? -1 : position_; }
     void MoveFirst() override;
@@ -79,6 +82,7 @@ class Rows : public Recordset {
     std::optional<Row> edited_;
     bool adding_ = false;
     bool closed_ = false;
+    bool isCounted_ = true;
     std::int32_t position_ = 0;
     std::int32_t lastModified_ = -1;
 };
@@ -86,7 +90,8 @@ class Rows : public Recordset {
 // A database that answers statements with rows given beforehand, and writes down the others.
 class RowsDatabase : public Database {
   public:
-    // A statement that contains `fragment` opens these rows.
+    // A statement that contains `fragment` opens these rows; a snapshot of them is counted at its
+    // last row only.
     void answer(std::string_view fragment, std::vector<Row> rows);
     // The next statement that is run fails with this error.
     void failNextExecute(std::int32_t number) { nextFailure_ = number; }
