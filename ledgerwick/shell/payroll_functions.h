@@ -183,7 +183,7 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     // monthly and longer periods the last of them also gets its two look-ahead dates anew, by the
     // pay-day rules of this moment. The objects in memory follow at the next load of the employee.
     // Errors: 91 for an unknown employee; otherwise those of the calendar. Rows closed by then stay
-    //         closed.
+    //         closed; load the employee again before the call is repeated.
     void C_UpdatePayPeriod(std::int32_t lngNAIDIn, Date dPayDateIn);
 
     // ---- missing periods (payrun/missing_periods.cpp) -------------------------------------------

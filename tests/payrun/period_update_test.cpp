@@ -1,0 +1,160 @@
+// Closing pay rows, withdrawing visited marks, and starting rows.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/payrun/pay_office.h"
+#include "tests/support/errors.h"
+
+namespace ledgerwick::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+TEST(Cycle, OfOpeningClosingAndLoadingMovesTheDatesOnByOnePeriod) {
+    for (const PR_Pay_Freq frequency : {PFREQ_1Weekly, PFREQ_2Weekly, PFREQ_4Weekly, PFREQ_Monthly,
+                                        PFREQ_Quarterly, PFREQ_BiAnnual, PFREQ_Annual}) {
+        PayOffice office;
+        office.hire(7, frequency);
+        office.company.load();
+        auto& payroll = office.payroll();
+        Date pay = day(yearStart(frequency).nextPay);
+        Date epe = day(yearStart(frequency).nextEPE);
+        while (pay <= day("2017-03-31")) {
+            const auto columns = office.open(pay);
+            ASSERT_THAT(columns, SizeIs(1)) << frequency << " on " << pay.toIso();
+            payroll.C_UpdatePayPeriod(7, pay);
+            office.company.load();
+            const cEmployment& employment = office.company.current(7);
+            EXPECT_EQ(employment.LExpPayDate(), pay);
+            EXPECT_EQ(employment.LastEPEDate(), epe);
+            EXPECT_EQ(employment.LastWeekNo(), columns[0].week);
+            pay = payroll.C_Calc_Next_NExpDate(pay, frequency, PR_NExp_Pay);
+            epe = payroll.C_Calc_Next_NExpDate(epe, frequency, PR_NExp_EPE);
+            EXPECT_EQ(employment.NExpPayDate(), pay);
+            EXPECT_EQ(employment.NExpEPEDate(), epe);
+        }
+        EXPECT_THAT(office.payRows(openRows), IsEmpty());
+    }
+}
+
+TEST(Closing, TakesTheEmployeesRowsUpToTheDateAndChangesNothingElse) {
+    PayOffice office;
+    auto& person = office.hire(7);
+    office.hire(8);
+    office.company.load();
+    office.open(day("2016-04-15"));
+    // A row paid a day later, one of the year before, and one without a period.
+    person.open(week(9)).pay("PRPPayDate = #4/16/2016#");
+    person.open(week(10)).pay("PRPPayDate = #4/1/2016#, PRPPayrollYear = 16");
+    person.open(week(11)).pay("PRPPayDate = #4/1/2016#, PRPPaymentPeriod = 0");
+    auto expected = office.payRows();
+    std::size_t closing = 0;
+    for (TableRow& row : expected) {
+        const std::int32_t week = row.at("PRPWeekNo").toInt32();
+        if (row.at("PRPNAID").toInt32() != 7 || !(week == 1 || week == 2 || week == 10)) continue;
+        row.at("PRPPeriodUpdated") = true;
+        ++closing;
+    }
+    ASSERT_EQ(closing, 3U);
+    office.payroll().C_UpdatePayPeriod(7, day("2016-04-15"));
+    EXPECT_EQ(office.payRows(), expected);
+    office.payroll().C_UpdatePayPeriod(7, day("2016-04-15"));  // nothing is left to close
+    EXPECT_EQ(office.payRows(), expected);
+    EXPECT_EQ(raisedBy([&] { office.payroll().C_UpdatePayPeriod(99, day("2016-04-15")); }),
+              error_number::objectNotSet);
+}
+
+TEST(Closing, GivesTheLastMonthItsDatesByThePayDayRuleOfTheMoment) {
+    PayOffice office;
+    office.hire(7, PFREQ_Monthly);
+    office.company.load();
+    office.open(day("2016-06-30"));
+    office.company.parameter("PRNExpD_M1", 15);
+    auto expected = office.payRows();
+    for (TableRow& row : expected) row.at("PRPPeriodUpdated") = true;
+    // From 30 April the rule of the 15th gives 15 May, 15 June and 15 July.
+    expected.back().at("PRPNExpPayDate") = day("2016-07-15");
+    expected.back().at("PRPNExpEPEDate") = day("2016-07-31");
+    office.payroll().C_UpdatePayPeriod(7, day("2016-06-30"));
+    EXPECT_EQ(office.payRows(), expected);
+}
+
+TEST(Closing, BrokenOffKeepsWhatIsClosedAndIsCompletedAfterALoad) {
+    const Date payDate = day("2016-06-30");
+    const auto prepare = [&](PayOffice& office) {
+        office.hire(7, PFREQ_Monthly);
+        office.company.load();
+        office.open(payDate);
+    };
+    PayOffice undisturbed;
+    prepare(undisturbed);
+    undisturbed.payroll().C_UpdatePayPeriod(7, payDate);
+    for (int write = 1; write <= 3; ++write) {
+        PayOffice office;
+        prepare(office);
+        office.failAtWrite(write);
+        EXPECT_EQ(raisedBy([&] { office.payroll().C_UpdatePayPeriod(7, payDate); }),
+                  error_number::databaseError);
+        EXPECT_THAT(office.payRows(openRows), SizeIs(static_cast<std::size_t>(4 - write)));
+        office.company.load();
+        office.payroll().C_UpdatePayPeriod(7, payDate);
+        EXPECT_EQ(office.payRows(), undisturbed.payRows()) << "after write " << write;
+    }
+}
+
+TEST(VisitedMark, IsWithdrawnFromTheEmployeesOpenRowsOnly) {
+    PayOffice office;
+    office.hire(7).closed(week(1)).open(week(2));
+    office.hire(8).open(week(2));
+    office.company.exec("UPDATE PRPay SET PRPHasBeenVisited = -1");
+    auto expected = office.payRows();
+    for (TableRow& row : expected) {
+        if (row.at("PRPNAID") == Variant(7) && row.at("PRPPeriodUpdated") == Variant(false)) {
+            row.at("PRPHasBeenVisited") = false;
+        }
+    }
+    EXPECT_TRUE(office.payroll().C_Reset_HasBeenVisited(99));  // no row is no failure
+    EXPECT_TRUE(office.payroll().C_Reset_HasBeenVisited(7));
+    EXPECT_EQ(office.payRows(), expected);
+
+    office.failAtWrite(1);
+    EXPECT_FALSE(office.payroll().C_Reset_HasBeenVisited(8));
+    EXPECT_EQ(office.payRows(), expected);
+    EXPECT_THAT(office.company.messages,
+                ElementsAre(Message("Ledgerwick - Error", "Unable to Reset 'HasBeenVisited'!")));
+}
+
+TEST(StartingRow, IsClosedHoldsNoPayAndGivesTheFirstDates) {
+    PayOffice office;
+    office.hire(7, PFREQ_1Weekly, {12, "2016-06-28", "2016-07-08", "2016-07-05"});
+    office.company.load();
+    const TableRow row = office.payRows().at(0);
+    EXPECT_TRUE(row.at("PRPPeriodUpdated").toBoolean());
+    EXPECT_EQ(row.at("PRPCalculationUsed").toInt32(), 0);
+    EXPECT_EQ(row.at("PRPPaymentPeriod").toInt32(), 0);
+    EXPECT_EQ(row.at("PRPPayDate").toDate(), day("2016-06-28"));  // twelve weeks after year end
+    const cEmployment& employment = office.company.current(7);
+    EXPECT_EQ(employment.LastWeekNo(), 12);
+    EXPECT_EQ(employment.LastEPEDate(), day("2016-06-28"));
+    EXPECT_EQ(employment.NExpPayDate(), day("2016-07-08"));
+    EXPECT_EQ(employment.NExpEPEDate(), day("2016-07-05"));
+    EXPECT_FALSE(employment.PaymentsExist());
+}
+
+TEST(StartingRow, NeedsAnEmployeeAndAYearEndThatMatchesTheCurrentYear) {
+    PayOffice office;
+    office.company.employee(7);
+    const auto start = [&](std::int32_t naid) {
+        return raisedBy([&] { office.payroll().C_CreateStartingPayRecord(naid, 0, {}, {}, {}); });
+    };
+    EXPECT_EQ(start(99), error_number::noCurrentRecord);
+    office.company.exec("UPDATE PRYearEnds SET PRYEDate = PRYEDate - 366 WHERE PRYEYear = 16");
+    office.company.state().ReloadYearEnds();
+    EXPECT_EQ(start(7), 9901);
+    EXPECT_THAT(office.payRows(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace ledgerwick::test
