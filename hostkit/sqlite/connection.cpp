@@ -13,8 +13,6 @@ namespace ledgerwick::sqlite {
 
 namespace {
 
-constexpr const char* beginWriting = "BEGIN IMMEDIATE";
-
 sqlite3* openFile(const std::string& path, bool readOnly) {
     sqlite3* database = nullptr;
     const int access = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
@@ -217,25 +215,33 @@ void Connection::endBatch() {
     // A failure that the database answers with a roll-back leaves nothing to store.
     if (sqlite3_get_autocommit(database_) != 0) return;
     try {
-        commit();
+        commit(true);
     } catch (...) {
-        rollBack();
+        rollBack(true);
         throw;
     }
 }
 
-void Connection::beginTransaction() {
-    StatementLease begin = statement(beginWriting, [] { return beginWriting; });
-    if (tryWrite(*begin) != SQLITE_DONE) begin->fail();
+bool Connection::beginTransaction() {
+    const bool outermost = sqlite3_get_autocommit(database_) != 0;
+    run(outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT inner_transaction");
+    return outermost;
 }
 
-void Connection::commit() {
-    StatementLease commit = statement("COMMIT", [] { return "COMMIT"; });
-    if (commit->run() != SQLITE_DONE) commit->fail();
+void Connection::commit(bool outermost) {
+    run(outermost ? "COMMIT" : "RELEASE inner_transaction");
 }
 
-void Connection::rollBack() noexcept {
-    sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
+void Connection::rollBack(bool outermost) noexcept {
+    sqlite3_exec(
+        database_,
+        outermost ? "ROLLBACK" : "ROLLBACK TO inner_transaction; RELEASE inner_transaction",
+        nullptr, nullptr, nullptr);
+}
+
+void Connection::run(const char* sql) {
+    const StatementLease kept = statement(sql, [sql] { return sql; });
+    if (tryWrite(*kept) != SQLITE_DONE) kept->fail();
 }
 
 Connection::HeldSnapshot::HeldSnapshot(Connection& connection) {

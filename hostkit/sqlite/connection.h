@@ -57,9 +57,10 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
     void beginBatch() { ++batches_; }
     void endBatch();
-    void beginTransaction();
-    void commit();
-    void rollBack() noexcept;
+    // Returns whether it is the outermost one.
+    bool beginTransaction();
+    void commit(bool outermost);
+    void rollBack(bool outermost) noexcept;
 
     // Holds what a reader sees, also while its statement is run again from the start.
     class HeldSnapshot {
@@ -86,6 +87,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
     void configure(const OpenOptions& options);
     void runScript(const char* script);
     int tryWrite(Statement& statement);
+    void run(const char* sql);
 
     std::string path_;
     sqlite3* database_ = nullptr;

@@ -93,14 +93,14 @@ void SqliteDatabase::EndBatch() {
     connection_->endBatch();
 }
 
-void SqliteDatabase::beginTransaction() {
-    connection_->beginTransaction();
+bool SqliteDatabase::beginTransaction() {
+    return connection_->beginTransaction();
 }
-void SqliteDatabase::commit() {
-    connection_->commit();
+void SqliteDatabase::commit(bool outermost) {
+    connection_->commit(outermost);
 }
-void SqliteDatabase::rollBack() noexcept {
-    connection_->rollBack();
+void SqliteDatabase::rollBack(bool outermost) noexcept {
+    connection_->rollBack(outermost);
 }
 
 }  // namespace ledgerwick::sqlite

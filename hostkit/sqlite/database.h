@@ -59,17 +59,18 @@ class LEDGERWICK_HOSTKIT_API SqliteDatabase final : public Database {
 
     // Runs statements of SQLite's own, separated by ";". They are not translated.
     void exec(const std::string& script);
-    // Runs `work` in a transaction: all of its writes are stored, or none when it throws.
+    // Runs `work` in a transaction: all of its writes are stored, or none when it throws. One
+    // inside another is a part of it that can fail on its own.
     template <class Work>
     void inTransaction(Work&& work) {
-        beginTransaction();
+        const bool outermost = beginTransaction();
         try {
             work();
+            commit(outermost);
         } catch (...) {
-            rollBack();
+            rollBack(outermost);
             throw;
         }
-        commit();
     }
 
     RecordsetRef OpenRecordset(std::string_view sql, RecordsetType type,
@@ -84,9 +85,9 @@ class LEDGERWICK_HOSTKIT_API SqliteDatabase final : public Database {
     explicit SqliteDatabase(std::shared_ptr<Connection> connection);
 
   private:
-    void beginTransaction();
-    void commit();
-    void rollBack() noexcept;
+    bool beginTransaction();
+    void commit(bool outermost);
+    void rollBack(bool outermost) noexcept;
 
     std::shared_ptr<Connection> connection_;
 };

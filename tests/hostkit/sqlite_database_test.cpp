@@ -96,7 +96,16 @@ TEST_F(SqliteFile, ATransactionIsAllOrNothing) {
               }),
               9999);
     EXPECT_EQ(count(*db), 0);
-    db->inTransaction([&] { add(*db, "A"); });
+    db->inTransaction([&] {
+        add(*db, "A");
+        EXPECT_EQ(errorOf([&] {
+                      db->inTransaction([&] {
+                          add(*db, "B");
+                          throw Error(9999, "test", "in the inner one");
+                      });
+                  }),
+                  9999);
+    });
     EXPECT_EQ(count(*db), 1);
 }
 
