@@ -239,7 +239,7 @@ TEST_F(Letter, TakesTheSignatureFromTheProgramFolder) {
 
 TEST_F(Letter, DatesFromTodayUntilItsDateIsSet) {
     MemoryHost host;
-    host.state().today = on(3, 5, 2016);
+    host.state->today = on(3, 5, 2016);
     CAELetterDetail letter;
     EXPECT_EQ(letter.LetterDate(), on(3, 5, 2016));
     letter.LetterDate(on(29, 2, 2016));

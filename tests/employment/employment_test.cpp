@@ -6,15 +6,16 @@
 
 #include "ledgerwick/shell/schema.h"
 #include "ledgerwick/values/error.h"
-#include "tests/support/memory_host.h"
+#include "tests/support/fake_host.h"
 #include "tests/support/rows.h"
 
 namespace ledgerwick {
 namespace {
 
 using test::closedPayRow;
+using test::CriticalMessage;
 using test::employmentRow;
-using test::MemoryHost;
+using test::FakeHost;
 using test::Row;
 using test::Rows;
 using testing::ElementsAre;
@@ -32,7 +33,7 @@ class EmploymentRecord : public testing::Test {
         employment.AddPayment(rows);
     }
 
-    MemoryHost host;
+    FakeHost host{17};
     cEmployment employment;
 };
 
@@ -68,7 +69,7 @@ TEST_F(EmploymentRecord, IsActiveWhenOpenInTheCurrentPayrollYear) {
         {16, 0, 17, false}, {18, 0, 17, false},  {17, 0, Null, false},
     };
     for (const Case& c : cases) {
-        host.state().currentPayrollYear = c.currentYear;
+        host.state->currentYear = c.currentYear;
         Rows rows{employmentRow()
                       .with(field::PRTPayrollYear, c.year)
                       .with(field::PRTEndDateLong, c.endDate)};
@@ -105,29 +106,30 @@ TEST_F(EmploymentRecord, NewEndOfPeriodIsWrittenToTheLastClosedRow) {
     const Date date = Date::fromYmd(2016, 4, 20);
     addPayment(closedPayRow(1));
     employment.NExpEPEDate(Date());
-    EXPECT_THAT(host.database().executed(), IsEmpty());
+    EXPECT_THAT(host.state->database.executed(), IsEmpty());
 
     employment.NExpEPEDate(date);
     EXPECT_EQ(employment.NExpEPEDate(), date);
-    ASSERT_EQ(host.database().executed().size(), 1u);
-    EXPECT_THAT(host.database().executed().front(), testing::HasSubstr("PRPNExpEPEDate"));
-    EXPECT_THAT(host.database().executed().front(), testing::EndsWith("PRPID = 101"));
+    ASSERT_EQ(host.state->database.executed().size(), 1u);
+    EXPECT_THAT(host.state->database.executed().front(), testing::HasSubstr("PRPNExpEPEDate"));
+    EXPECT_THAT(host.state->database.executed().front(), testing::EndsWith("PRPID = 101"));
 }
 
 TEST_F(EmploymentRecord, DateThatCannotBeWrittenIsNotKept) {
     employment.EmpType(PR_ET_Casual);
     addPayment(closedPayRow(1));
     const Date before = employment.NExpPayDate();
-    host.database().failNextExecute(error_number::databaseError);
+    host.state->database.failNextExecute(error_number::databaseError);
     employment.NExpPayDate(before.addDays(1));
     EXPECT_EQ(employment.NExpPayDate(), before);
 
-    host.database().failNextExecute(error_number::databaseError);
+    host.state->database.failNextExecute(error_number::databaseError);
     employment.NExpEPEDate(before);
     EXPECT_FALSE(employment.NExpEPEDate().isSet());
-    EXPECT_THAT(host.state().criticalMessages,
-                ElementsAre("Accounts - Error: Unable to set Next Pay Date!",
-                            "Accounts - Error: Unable to set Next EPE Date!"));
+    EXPECT_THAT(
+        host.state->messages,
+        ElementsAre(CriticalMessage{"Fernbank Payroll - Error", "Unable to set Next Pay Date!"},
+                    CriticalMessage{"Fernbank Payroll - Error", "Unable to set Next EPE Date!"}));
 }
 
 }  // namespace

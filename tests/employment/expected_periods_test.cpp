@@ -2,8 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "ledgerwick/employment/employment.h"
 #include "ledgerwick/shell/schema.h"
 #include "ledgerwick/values/error.h"
@@ -63,7 +61,7 @@ TEST_F(ExpectedPeriods, HoldTheLastAndTheNextExpectedPayDate) {
 
 TEST_F(ExpectedPeriods, FollowTheFrequencyOfTheEmployeeAndTheHostsStartDay) {
     employee->UpdateFlags();
-    host.state().prpStartDay = 2;
+    host.state->aePRPStartDay = 2;
     employment->CalcExpPRP();
     EXPECT_EQ(employment->NExpPRP(), period(Date::fromYmd(2016, 4, 25), Date::fromYmd(2016, 5, 1)));
     employee->PayFrequency(PFREQ_Monthly);

@@ -10,13 +10,13 @@
 #include "ledgerwick/employment/employment.h"
 #include "ledgerwick/shell/schema.h"
 #include "ledgerwick/values/error.h"
-#include "tests/support/memory_host.h"
+#include "tests/support/fake_host.h"
 #include "tests/support/rows.h"
 
 namespace ledgerwick {
 namespace {
 
-using test::MemoryHost;
+using test::FakeHost;
 using test::Row;
 using test::Rows;
 using testing::ElementsAre;
@@ -95,7 +95,7 @@ class ImportedEarnings : public testing::Test {
         return lines;
     }
 
-    MemoryHost host;
+    FakeHost host;
     cEmployment employment;
     Currency total;
 };
@@ -196,12 +196,12 @@ TEST_F(ImportedEarnings, MoveUpByOneStatement) {
     add(orderLine(15).with(field::OrdStatus, 0));
 
     EXPECT_FALSE(employment.UpdateImportedEarnings(3, firstDay, lastDay, 77, "INV7"));
-    EXPECT_THAT(host.database().executed(),
+    EXPECT_THAT(host.state->database.executed(),
                 ElementsAre("    UPDATE ORDERS SET    OrdStatus = 3 WHERE    OrdStatus < 3 "
                             "   AND    ORDID IN (11,15)"));
     // What has arrived stays out of the next statement, and nothing left means no statement.
     EXPECT_FALSE(employment.UpdateImportedEarnings(3, firstDay, lastDay));
-    EXPECT_EQ(host.database().executed().size(), 1u);
+    EXPECT_EQ(host.state->database.executed().size(), 1u);
     EXPECT_EQ(checkedInWeek(), 6.0);
 }
 
@@ -226,16 +226,16 @@ TEST_F(ImportedEarnings, InvoiceAndReferenceGoWithStatusFive) {
         employment.ResetImportedPay();
         add(orderLine(1));
         employment.UpdateImportedEarnings(5, firstDay, lastDay, c.invoice, c.reference);
-        EXPECT_EQ(host.database().executed().back(), front + c.pieces + back);
+        EXPECT_EQ(host.state->database.executed().back(), front + c.pieces + back);
     }
 }
 
 TEST_F(ImportedEarnings, FailedStatementKeepsTheirStatus) {
     add(orderLine(1));
-    host.database().failNextExecute(error_number::databaseError);
+    host.state->database.failNextExecute(error_number::databaseError);
     EXPECT_THROW(employment.UpdateImportedEarnings(4, firstDay, lastDay), Error);
     employment.UpdateImportedEarnings(4, firstDay, lastDay);
-    EXPECT_EQ(host.database().executed().size(), 2u);
+    EXPECT_EQ(host.state->database.executed().size(), 2u);
 }
 
 }  // namespace

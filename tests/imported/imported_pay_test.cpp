@@ -1,113 +1,157 @@
-// Bringing imported pay and the order book to the employees.
-#include <gmock/gmock.h>
+// Bringing imported pay and the order book to the employees, on a real database: only there do the
+// figures of the order statement come out.
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/shell/schema.h"
 #include "ledgerwick/values/error.h"
-#include "tests/support/memory_host.h"
-#include "tests/support/rows.h"
+#include "tests/support/company.h"
+#include "tests/support/errors.h"
 
 namespace ledgerwick {
 namespace {
 
-using test::MemoryHost;
-using test::Row;
-using testing::HasSubstr;
+using test::Company;
+using test::raisedBy;
 
-Row importedPay(std::int32_t naid, const Variant& pay) {
-    return Row{{field::PRPINAID, naid}, {field::PRPIPay, pay}};
+// The line of employee 7 on that day: its quantity and its money, "2.5 for 6.25".
+std::string priced(Company& company, Date day) {
+    Currency total;
+    ResultTable rows = company.current(7).ImportedEarningsRS(day, day, total);
+    if (rows.RecordCount() == 0) return "none";
+    return rows.Fields("OrdQty").toText() + " for " + total.toText();
 }
 
-Row orderLine(std::int32_t naid, std::int32_t id, const char* price) {
-    return Row{
-        {field::OrdID, id},      {field::OrdNAID, naid},
-        {field::OrdDSID, 4},     {field::OrdActionDate, Date::fromYmd(2016, 4, 20)},
-        {field::Qty, "1.0"},     {field::DSDesc, "Apples"},
-        {field::UoPCode, "box"}, {field::NetPrice, price},
-        {field::OrdStatus, 2},
+TEST(OrderPricing, IsByTheUnitOfPurchaseAndRoundedAsShown) {
+    struct Case {
+        double unitsOfUse;
+        double price;
+        double discount;
+        const char* priced;
+        const char* reason;
     };
-}
-
-// Two employees without a current employment, who take imported figures all the same.
-class ImportedPay : public testing::Test {
-  protected:
-    ImportedPay() {
-        ann = host.employee(7, PFREQ_1Weekly);
-        bob = host.employee(9, PFREQ_Monthly);
+    // Three units of use make one of purchase.
+    const Case cases[] = {
+        {3, 0.5, 0, "1 for 1.5", "the price of a unit of purchase is three prices"},
+        {7.5, 0.5, 0, "2.5 for 3.75", "part of a unit"},
+        {1, 0.5, 0, "0.333 for 0.5", "the quantity counts as shown, 0.333 * 1.5 = 0.4995"},
+        {0, 0.5, 0, "0 for 1.5", "no quantity is priced as one unit"},
+        {3, 0.5, 50, "1 for 1", "the discount is taken off as an amount"},
+        {-3, 0.5, 0, "-1 for -1.5", "a return"},
+        {3703.5, 1, 0, "1234.5 for 3703.5", "thousands commas do not cut the quantity"},
+    };
+    Company company;
+    company.employee(7).weekly();
+    company.item(4, "Apples (box)", 3, "box");
+    const Date firstDay = Date::fromYmd(2016, 4, 11);
+    std::int32_t line = 0;
+    for (const Case& c : cases) {
+        const Date day = firstDay.addDays(line++);
+        company.order(line, 7, 4, day.toIso(), c.unitsOfUse, c.price, 2, c.discount);
     }
-    // Later answers do not take the place of earlier ones, so each test gives them once.
-    void load(std::vector<Row> pay, std::vector<Row> orders) {
-        host.addTempTable("PRPayImport");
-        host.database().answer("FROM PRPayImport", std::move(pay));
-        host.database().answer("Orders", std::move(orders));
-        host.list().LoadImportedPay();
+    company.load().LoadImportedPay();
+    line = 0;
+    for (const Case& c : cases) {
+        EXPECT_EQ(priced(company, firstDay.addDays(line++)), c.priced) << c.reason;
     }
-    double earnings(const std::shared_ptr<cEmployee>& employee) {
-        Currency value;
-        employee->CurEmployment()->HasImportedEarnings(Date(), Date::last().addDays(-1), value);
-        return value.toDouble();
+}
+
+TEST(OrderPricing, LeavesOutClosedLinesAndLinesWithoutItem) {
+    Company company;
+    company.employee(7).weekly();
+    company.item(4, "Apples", 1, "box");
+    company.order(1, 7, 4, "2016-04-11", 1, 2, 5);
+    company.order(2, 7, 0, "2016-04-12", 1, 2);
+    company.order(3, 7, 4, "2016-04-13", 1, 2, 4);
+    company.order(4, 99, 4, "2016-04-13", 1, 2);
+    company.load().LoadImportedPay();
+    EXPECT_EQ(priced(company, Date::fromYmd(2016, 4, 11)), "none");
+    EXPECT_EQ(priced(company, Date::fromYmd(2016, 4, 12)), "none");
+    EXPECT_EQ(priced(company, Date::fromYmd(2016, 4, 13)), "1 for 2");
+}
+
+TEST(OrderPricing, LineMovedToFiveIsStoredWithItsInvoiceAndGoneAtTheNextLoad) {
+    Company company;
+    company.employee(7).weekly();
+    company.item(4, "Apples", 1, "box");
+    company.order(1, 7, 4, "2016-04-13", 1, 2);
+    company.load().LoadImportedPay();
+    const Date day = Date::fromYmd(2016, 4, 13);
+    company.current(7).UpdateImportedEarnings(5, day, day, 77, "Ann's");
+    EXPECT_EQ(company.value("OrdStatus", "Orders").toInt32(), 5);
+    EXPECT_EQ(company.value("OrdInvID", "Orders").toInt32(), 77);
+    EXPECT_EQ(company.value("OrdRef", "Orders").toText(), "Ann's");
+    EXPECT_EQ(priced(company, day), "1 for 2");
+    company.list().LoadImportedPay();
+    EXPECT_EQ(priced(company, day), "none");
+}
+
+TEST(OrderPricing, ItemWithoutConversionStopsTheLoad) {
+    Company company;
+    company.employee(7).weekly();
+    company.item(4, "Apples", 0, "box");
+    company.order(1, 7, 4, "2016-04-13", 1, 2);
+    company.load();
+    EXPECT_ANY_THROW(company.list().LoadImportedPay());
+}
+
+TEST(OrderPricing, MoneyFormatMayHoldQuotes) {
+    Company company;
+    company.exec("INSERT INTO Parameters (ParName, ParValue) VALUES ('CurFormat', '0.0;''-''0.0')");
+    company.employee(7).weekly();
+    company.item(4, "Apples", 1, "box");
+    company.order(1, 7, 4, "2016-04-13", 1, 2);
+    company.load().LoadImportedPay();
+    EXPECT_EQ(priced(company, Date::fromYmd(2016, 4, 13)), "1 for 2");
+}
+
+// ---- the import table ---------------------------------------------------------------------------
+
+std::string importedPay(cEmployment& employment) {
+    if (!employment.HasImportedPay()) return "none";
+    return employment.ImportedPayValue().toText();
+}
+
+TEST(ImportedPay, IsTheLastValueOfTheEmployeeInTheMoneyFormat) {
+    Company company;
+    company.employee(7).weekly();
+    company.employee(8).weekly().left("2016-05-01");
+    company.employee(9).weekly();
+    company.load().LoadImportedPay();
+    EXPECT_EQ(importedPay(company.current(7)), "none");
+
+    company.importedPay(7, 10).importedPay(8, 0).importedPay(7, 1234.565);
+    for (int load = 1; load <= 2; ++load) {
+        company.list().LoadImportedPay();
+        EXPECT_EQ(importedPay(company.current(7)), "1234.57");
+        EXPECT_EQ(importedPay(company.current(8)), "0") << "on the blank employment of a leaver";
+        EXPECT_EQ(importedPay(company.current(9)), "none");
     }
 
-    MemoryHost host;
-    std::shared_ptr<cEmployee> ann;
-    std::shared_ptr<cEmployee> bob;
-};
-
-TEST_F(ImportedPay, IsTheLastValueOfTheEmployeeInTheMoneyFormat) {
-    load({importedPay(7, 10.0), importedPay(9, 0.0), importedPay(7, 1234.565)}, {});
-    EXPECT_TRUE(ann->CurEmployment()->HasImportedPay());
-    EXPECT_EQ(ann->CurEmployment()->ImportedPayValue().toText(), "1234.57");
-    EXPECT_TRUE(bob->CurEmployment()->HasImportedPay());
-    EXPECT_EQ(bob->CurEmployment()->ImportedPayValue(), Currency());
-
-    host.list().LoadImportedPay();
-    EXPECT_EQ(ann->CurEmployment()->ImportedPayValue().toText(), "1234.57");
+    company.database().dropPayImportTable();
+    company.list().LoadImportedPay();
+    EXPECT_EQ(importedPay(company.current(7)), "none");
 }
 
-TEST_F(ImportedPay, WithoutItsTableIsForgotten) {
-    ann->CurEmployment()->HasImportedPay(true);
-    ann->CurEmployment()->ImportedPayValue(Currency::fromWhole(5));
-    host.database().answer("Orders", {});
-    EXPECT_TRUE(host.list().LoadImportedPay().isEmpty());
-    EXPECT_FALSE(ann->CurEmployment()->HasImportedPay());
-    EXPECT_EQ(ann->CurEmployment()->ImportedPayValue(), Currency());
+TEST(ImportedPay, OfAnUnknownEmployeeFailsBehindTheRowsBefore) {
+    Company company;
+    company.employee(7).weekly();
+    company.employee(9).weekly();
+    company.importedPay(7, 10).importedPay(8, 11).importedPay(9, 12);
+    company.load();
+    EXPECT_EQ(raisedBy([&] { company.list().LoadImportedPay(); }), error_number::objectNotSet);
+    EXPECT_EQ(importedPay(company.current(7)), "10");
+    EXPECT_EQ(importedPay(company.current(9)), "none");
 }
 
-TEST_F(ImportedPay, OfAnUnknownEmployeeFailsBehindTheRowsBefore) {
-    try {
-        load({importedPay(7, 10.0), importedPay(8, 11.0), importedPay(9, 12.0)}, {});
-        FAIL() << "employee 8 is not in the list";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), error_number::objectNotSet);
-    }
-    EXPECT_TRUE(ann->CurEmployment()->HasImportedPay());
-    EXPECT_FALSE(bob->CurEmployment()->HasImportedPay());
-}
-
-TEST_F(ImportedPay, NullValueFails) {
-    EXPECT_THROW(load({importedPay(7, Null)}, {}), Error);
-    EXPECT_TRUE(ann->CurEmployment()->HasImportedPay());
-}
-
-TEST_F(ImportedPay, OrdersGoToTheirWorkersAndOthersArePassedOver) {
-    load({}, {orderLine(0, 1, "1.00"), orderLine(7, 2, "2.00"), orderLine(7, 3, "4.00"),
-              orderLine(8, 4, "8.00"), orderLine(9, 5, "16.00"), orderLine(10, 6, "32.00")});
-    EXPECT_EQ(earnings(ann), 6.0);
-    EXPECT_EQ(earnings(bob), 16.0);
-
-    host.list().LoadImportedPay();
-    EXPECT_EQ(earnings(ann), 6.0);
-}
-
-TEST_F(ImportedPay, OrdersArePricedInTheMoneyFormatWithItsQuotesDoubled) {
-    host.state().moneyFormat = "#,##0.00' GBP'";
-    load({}, {});
-    const std::string& statement = host.database().opened().back();
-    EXPECT_THAT(statement, HasSubstr(",'#,##0.00'' GBP''' ) AS NetPrice"));
-    EXPECT_THAT(statement, HasSubstr("WHERE OrdStatus < 5 AND OrdDSID <> 0"));
+TEST(ImportedPay, NullValueFails) {
+    Company company;
+    company.employee(7).weekly();
+    company.importedPay(7, 10);
+    company.exec("UPDATE PRPayImport SET PRPIPay = NULL");
+    company.load();
+    EXPECT_NE(raisedBy([&] { company.list().LoadImportedPay(); }), 0);
+    EXPECT_EQ(importedPay(company.current(7)), "0");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 //   host.state->database.answer("FROM ...", {Row{...}});
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <string>
@@ -25,9 +26,17 @@ struct CriticalMessage {
     friend bool operator==(const CriticalMessage&, const CriticalMessage&) = default;
 };
 
+// Takes every name for a surname.
+struct FakeNames : CustomerFunctions {
+    void SplitContactName(const std::string& BusName, std::string&, std::string&, std::string&,
+                          std::string& Surname, std::string&, std::int32_t&) override {
+        Surname = BusName;
+    }
+};
+
 struct FakeHostState : HostState {
     RowsDatabase database;
-    std::int32_t currentYear = 0;
+    Variant currentYear{0};
     Dictionary<std::int32_t, Date> yearEnds;
     Date today;
     std::int16_t aePRPStartDay = 0;
@@ -44,12 +53,14 @@ struct FakeHostState : HostState {
     std::string g_strPCID() override { return "_PC7"; }
     std::string g_strProgName() override { return "Fernbank Payroll"; }
     std::string strCurFormat() override { return "#,##0.00"; }
+    CustomerFunctions& C_customerFunctions() override { return names_; }
     void ShowCriticalMessage(const std::string& caption, const std::string& text) override {
         messages.push_back({caption, text});
     }
 
   private:
     Rows control_;
+    FakeNames names_;
 };
 
 struct FakeProgramFunctions : ProgramFunctions {
@@ -70,6 +81,9 @@ struct FakeProgramFunctions : ProgramFunctions {
     std::int16_t DaysInMonth(Date date) override {
         monthsAskedFor.push_back(date);
         return static_cast<std::int16_t>(date.daysInMonth());
+    }
+    void BubbleSortLongArray(std::vector<std::int32_t>& array) override {
+        std::sort(array.begin(), array.end());
     }
 };
 
