@@ -194,6 +194,18 @@ void Connection::exec(const std::string& script) {
     runScript(script.c_str());
 }
 
+bool Connection::tableExists(std::string_view name) {
+    static constexpr const char* sql = R"sql(
+        SELECT 1 FROM sqlite_temp_schema
+        WHERE type IN ('table', 'view') AND name = ?1 COLLATE NOCASE
+        UNION ALL
+        SELECT 1 FROM sqlite_schema
+        WHERE type IN ('table', 'view') AND name = ?1 COLLATE NOCASE)sql";
+    const StatementLease found = statement(sql, [] { return sql; });
+    bind(found->handle(), 1, Cell::ofText(name), true);
+    return found->step();
+}
+
 void Connection::runScript(const char* script) {
     char* words = nullptr;
     if (sqlite3_exec(database_, script, nullptr, nullptr, &words) == SQLITE_OK) return;

@@ -40,7 +40,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
     RecordsetRef open(std::string_view sql, RecordsetType type, FieldList reads);
     void execute(std::string_view sql);
     void exec(const std::string& script);
-    bool tableExists(std::string_view name) { return tables_.find(name) != nullptr; }
+    // Looks at the database and not at what is known of it: another process may have dropped one.
+    bool tableExists(std::string_view name);
 
     // The statement under the key, made from `sql()` if it is not there.
     template <class Sql>

@@ -10,6 +10,9 @@ namespace ledgerwick::sqlite {
 
 namespace {
 
+// Columns that stand for one another stop growing here; the database then tells the name.
+constexpr std::size_t longestStatement = std::size_t{1} << 20;
+
 // A part of a statement: the tokens from `begin` up to `end`.
 struct Part {
     std::size_t begin = 0;
@@ -251,7 +254,7 @@ void Translation::writeExpression(const Select& select, std::size_t item, std::s
     for (std::size_t i = part.begin; i < part.end; ++i) {
         const std::size_t other =
             depth < select.items.size() ? otherColumn(select, item, i) : select.items.size();
-        if (other == select.items.size()) {
+        if (other == select.items.size() || sql_.size() > longestStatement) {
             write(tokens_[i]);
             continue;
         }

@@ -24,10 +24,16 @@ void raiseDatabaseError(sqlite3* database, std::string_view sql) {
 
 Statement::Statement(sqlite3* database, std::string sql)
     : database_(database), sql_(std::move(sql)) {
+    const char* rest = nullptr;
     const int result =
         sqlite3_prepare_v3(database_, sql_.c_str(), static_cast<int>(sql_.size() + 1),
-                           SQLITE_PREPARE_PERSISTENT, &handle_, nullptr);
+                           SQLITE_PREPARE_PERSISTENT, &handle_, &rest);
     if (result != SQLITE_OK) raiseNotCompiled(database_, sql_);
+    const auto compiled = static_cast<std::size_t>(rest - sql_.c_str());
+    if (!handle_ || sql_.find_first_not_of(" ;\t\r\n", compiled) != std::string::npos) {
+        sqlite3_finalize(handle_);
+        raise(error_number::statementError, "Database", "not one statement: " + sql_);
+    }
     describeColumns();
 }
 

@@ -280,6 +280,58 @@ TEST_F(Dialect, HostileTextsStayTexts) {
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Customers"), "3");
 }
 
+// Statements that are damaged anywhere give rows or an error that can be told.
+TEST_F(Dialect, SurvivesDamagedStatements) {
+    const std::vector<std::string> statements{
+        "SELECT Customers.*, PSID AS [a], a / 2 AS b FROM ((PREmployeeDetails LEFT JOIN Customers "
+        "ON "
+        "Customers.NAID = PRENAID) LEFT JOIN PensionSchemes ON PSID = PREPenWorkplaceSchemeID) "
+        "WHERE NABusName <> 'it''s' AND PREDoB < #4/29/2015 13:00:00# ORDER BY NAID, 1",
+        "SELECT * FROM PRPay WHERE (PRPNAID = 1) AND (PRPPeriodUpdated = false) ORDER BY PRPID",
+        "UPDATE PRPay LEFT JOIN PensionSchemes ON PRPPenWorkplaceSchemeID = PSID SET "
+        "PRPay.PRPStdHours = 1.5, PRPHasBeenVisited = False WHERE PSDeductionsType = 2",
+    };
+    const std::string inserted = "'#[]()\",.*/=?; 9aTrueFROM";
+    const std::vector<FieldName> reads{field::NAID, field::PRPID, "b"};
+    std::uint32_t random = 20150429;
+    const auto below = [&](std::size_t limit) {
+        random = random * 1664525u + 1013904223u;
+        return (random >> 8) % limit;
+    };
+    int opened = 0;
+    for (int i = 0; i < 3000; ++i) {
+        std::string sql = statements[below(statements.size())];
+        for (std::size_t damage = below(4); damage > 0; --damage) {
+            const std::size_t place = below(sql.size());
+            const std::size_t length = 1 + below(6);
+            switch (below(3)) {
+                case 0:
+                    sql.erase(place, length);
+                    break;
+                case 1:
+                    sql.insert(place, 1, inserted[below(inserted.size())]);
+                    break;
+                default:
+                    sql.insert(place, sql.substr(below(sql.size()), length));
+            }
+        }
+        const auto type = below(2) == 0 ? RecordsetType::Snapshot : RecordsetType::Dynaset;
+        try {
+            if (sql.starts_with("UPDATE")) {
+                execute(sql);
+            } else {
+                const auto rs =
+                    db_->OpenRecordset(sql, type, below(2) == 0 ? FieldList(reads) : FieldList());
+                for (; !rs->Eof(); rs->MoveNext()) rs->Value("b");
+            }
+            ++opened;
+        } catch (const Error& e) {
+            EXPECT_NE(e.Number(), 0) << sql;
+        }
+    }
+    EXPECT_GT(opened, 100);
+}
+
 TEST_F(Dialect, TellsWhatDoesNotCompile) {
     const std::vector<std::string> statements{
         "SELECT * FROM Customers WHERE NABusName = 'open",
@@ -291,6 +343,8 @@ TEST_F(Dialect, TellsWhatDoesNotCompile) {
         "SELECT NAID AS a FROM [Customers",
         "SELECT * FROM",
         "SELECT a + 1 AS b, b + 1 AS a FROM Customers",
+        "SELECT NAID FROM Customers; DROP TABLE Customers",
+        "",
         "UPDATE Customers SET NAID = 1",
     };
     for (const std::string& sql : statements) {

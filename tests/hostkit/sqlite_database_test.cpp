@@ -200,7 +200,11 @@ TEST_F(SqliteFile, TemporaryTablesAreForOneConnectionOrKept) {
     db->dropPayImportTable();
     EXPECT_FALSE(db->tableExists("PRPayImport"));
     db->createPayImportTable(true);
-    EXPECT_TRUE(open()->tableExists("PRPayImport"));
+    const auto other = open();
+    EXPECT_TRUE(other->tableExists("PRPayImport"));
+    EXPECT_EQ(count(*other, "PRPayImport"), 0);
+    db->dropPayImportTable();
+    EXPECT_FALSE(other->tableExists("PRPayImport"));
     db->createLastWeekNosTable("PC_1");
     db->Execute("INSERT INTO TEMP_PR_LAST_WEEK_NOSPC_1 (TLWWeekNo, TLWCMonthNo) VALUES (4, 1)",
                 failOnError);
