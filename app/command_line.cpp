@@ -1,0 +1,87 @@
+#include "app/command_line.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "app/commands.h"
+#include "app/context.h"
+#include "app/exchange.h"
+#include "app/options.h"
+#include "hostkit/services/terminal_label.h"
+
+namespace ledgerwick::app {
+
+namespace {
+
+constexpr const char* footer = R"(Exit codes:
+  0  done
+  1  the library, the database or a file failed; an error of the library is
+     shown with its number, source and description
+  2  the command line cannot be understood
+  3  a file to import holds a fault; nothing of that import was stored
+  4  there is no such employee or database, or it is not in a state for this)";
+
+// The letters of the name are the form: `--csv`, `--json`.
+void addFormats(CLI::App& app, Context& context) {
+    auto* csv = app.add_flag_callback(
+        "--csv", [&context] { context.format = Format::Csv; }, "Write the table as CSV");
+    app.add_flag_callback(
+           "--json", [&context] { context.format = Format::Json; }, "Write everything as JSON")
+        ->excludes(csv);
+}
+
+void addToday(CLI::App& app, Context& context) {
+    const auto read = [&context](const std::string& text) {
+        Date day;
+        if (!parseDate(text, day)) {
+            throw CLI::ValidationError("\"" + text + "\" is not a date (YYYY-MM-DD)");
+        }
+        context.fixedToday = day;
+    };
+    app.add_option_function<std::string>("--today", read, "Work as on this day, not on the clock's")
+        ->type_name("DATE");
+}
+
+int runAction(const Context& context) {
+    try {
+        context.action();
+        context.out.flush();
+        return context.out.good() ? exitDone : exitError;
+    } catch (const Refusal& refusal) {
+        context.err << "ledgerwick: " << withoutControls(refusal.what()) << '\n';
+        return exitRefused;
+    } catch (const BadFiles& faults) {
+        context.err << faults.what() << "\nledgerwick: nothing was imported\n";
+        return exitBadFile;
+    } catch (const std::exception& error) {  // an Error says number, source and description
+        context.err << "ledgerwick: " << withoutControls(error.what()) << '\n';
+        return exitError;
+    }
+}
+
+}  // namespace
+
+int runCommandLine(std::vector<std::string> arguments, std::ostream& out, std::ostream& err) {
+    Context context(out, err);
+    CLI::App app("Runs a UK payroll database with the Ledgerwick library.", "ledgerwick");
+    app.footer(footer);
+    app.require_subcommand(1);
+    app.fallthrough();
+    addToday(app, context);
+    addFormats(app, context);
+    addCompanyCommands(app, context);
+    addQueryCommands(app, context);
+    addRunCommands(app, context);
+    addEmploymentCommands(app, context);
+    addAutoEnrolCommands(app, context);
+    addDemoCommand(app, context);
+    std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the end
+    try {
+        app.parse(arguments);
+    } catch (const CLI::ParseError& result) {
+        return app.exit(result, out, err) == 0 ? exitDone : exitUsage;
+    }
+    return runAction(context);
+}
+
+}  // namespace ledgerwick::app

@@ -1,0 +1,20 @@
+// The commands, each group in a file of its own. Adding a group gives its options to the parser and
+// sets `Context::action` when one of its commands was chosen.
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+namespace ledgerwick::app {
+
+struct Context;
+
+void addCompanyCommands(CLI::App& app, Context& context);     // new, import, export
+void addQueryCommands(CLI::App& app, Context& context);       // calendar, employees, employee, due
+void addRunCommands(CLI::App& app, Context& context);         // run open, show, close; fill
+void addEmploymentCommands(CLI::App& app, Context& context);  // employment add
+void addAutoEnrolCommands(CLI::App& app, Context& context);   // ae ...
+void addDemoCommand(CLI::App& app, Context& context);         // demo
+
+}  // namespace ledgerwick::app

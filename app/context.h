@@ -1,0 +1,67 @@
+// What every command shares: the options in front of it, and the way to a company's session.
+#pragma once
+
+#include <functional>
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "app/report.h"
+#include "hostkit/services/host_session.h"
+#include "ledgerwick/ledgerwick.h"
+
+namespace ledgerwick::app {
+
+// How the program ends.
+enum ExitCode : int {
+    exitDone = 0,
+    exitError = 1,    // the library, the database or a file failed
+    exitUsage = 2,    // the command line cannot be understood
+    exitBadFile = 3,  // a file to import holds a fault
+    exitRefused = 4,  // there is no such employee or database, or it is not in a state for this
+};
+
+// A command that cannot do what was asked, told in one sentence.
+class Refusal : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+struct Context {
+    Context(std::ostream& outStream, std::ostream& errStream) : out(outStream), err(errStream) {}
+
+    std::ostream& out;
+    std::ostream& err;
+    std::optional<Date> fixedToday;  // `--today`
+    Format format = Format::Text;
+    std::function<void()> action;  // the command chosen
+
+    // The day given, else the day of the system's clock.
+    Date today() const;
+    void show(const Report& report) const { report.print(out, format); }
+};
+
+// A session on the database at `path`, with every employee loaded. `programPath` is the folder of
+// the letter templates.
+// Errors: Refusal when there is no such file.
+std::unique_ptr<HostSession> openCompany(const Context& context, const std::string& path,
+                                         const std::string& programPath = {});
+
+// The employee of that number.
+// Errors: Refusal when the company has none.
+std::shared_ptr<cEmployee> employeeOf(HostSession& session, std::int32_t naid);
+
+// "weekly", "monthly" ...; the number as text for a frequency without a name.
+std::string frequencyName(std::int16_t frequency);
+// The frequency of a name, "all" among them, or nothing.
+std::optional<PR_Pay_Freq> frequencyOf(std::string_view name);
+// "weekly, fortnightly, ...", for a help text.
+std::string frequencyNames();
+
+// "1 period", "2 periods"
+std::string counted(std::int64_t count, std::string_view what);
+
+}  // namespace ledgerwick::app

@@ -1,0 +1,193 @@
+#include <map>
+#include <memory>
+
+#include "app/commands.h"
+#include "app/options.h"
+#include "app/pay_run.h"
+
+namespace ledgerwick::app {
+
+namespace {
+
+struct StarterForm {
+    PRTAType type = PRTAT_JOIN;  // no form
+    Date declared;
+    std::string previousReference;
+    Date previousLeft;
+    std::string previousTaxCode;
+    std::int16_t previousWeek = 0;
+    double previousGross = 0;
+    double previousTax = 0;
+    std::string text;
+};
+
+struct AddOptions {
+    std::string database;
+    std::int32_t naid = 0;
+    Date start;
+    bool casual = false;
+    bool continuation = false;
+    std::string aeStatus;
+    Date firstPay;
+    Date firstPeriodEnd;
+    StarterForm form;
+};
+
+const std::map<std::string, PRTAType> formNames{{"p38s", PRTAT_P38S},
+                                                {"p46", PRTAT_P46},
+                                                {"p45-1", PRTAT_P451},
+                                                {"p45-3", PRTAT_P453},
+                                                {"left", PRTAT_LEFT}};
+
+// The array in which the library takes a starter's form; element 2 is the library's own.
+Variant addInfo(const StarterForm& form) {
+    if (form.type == PRTAT_JOIN) return {};
+    VariantArray array(1, 18);
+    array.at(3) = std::int16_t{form.type};
+    array.at(4) = std::int16_t{0};
+    array.at(5) = "";
+    array.at(6) = form.declared;
+    array.at(7) = false;
+    array.at(8) = form.previousReference;
+    array.at(9) = form.previousLeft;
+    array.at(10) = std::int16_t{0};
+    array.at(11) = form.previousTaxCode;
+    array.at(12) = false;
+    array.at(13) = form.previousWeek;
+    array.at(14) = Currency::fromDouble(form.previousGross);
+    array.at(15) = Currency::fromDouble(form.previousTax);
+    array.at(16) = form.text;
+    array.at(17) = "";
+    array.at(18) = std::int16_t{0};
+    return array;
+}
+
+// The employee's next employment count in the current payroll year.
+std::int32_t nextCount(cEmployee& employee) {
+    const std::int32_t year = DLLGlobal::currentPayrollYear();
+    std::int32_t highest = 0;
+    for (const auto& employment : employee.Employments()) {
+        if (employment->PayrollYear() == year)
+            highest = std::max(highest, employment->EmployCount());
+    }
+    return highest + 1;
+}
+
+// The library takes the count from the employee's details, where the host keeps it.
+void storeCount(Database& database, std::int32_t naid, std::int32_t count) {
+    const auto rows = database.OpenRecordset(
+        "SELECT PRENAID, PREPYEmployCount FROM PREmployeeDetails WHERE PRENAID = " +
+            std::to_string(naid),
+        RecordsetType::Dynaset);
+    rows->Edit();
+    rows->Value(field::PREPYEmployCount, count);
+    rows->Update();
+    rows->Close();
+}
+
+// When pay falls due first: on the next pay date of those paid as often that is not before the
+// start, or else at the end of the first period.
+Date firstPayDate(HostSession& session, PR_Pay_Freq frequency, Date start) {
+    bool none = false;
+    Date next = session.payroll().C_Next_Expected_Pay_Date(&none, frequency);
+    if (none) return session.payroll().C_Calc_Next_NExpDate(start, frequency, PR_NExp_Pay, true);
+    while (next < start) {
+        next = session.payroll().C_Calc_Next_NExpDate(next, frequency, PR_NExp_Pay);
+    }
+    return next;
+}
+
+Date firstPeriodEnd(HostSession& session, PR_Pay_Freq frequency, Date start) {
+    bool none = false;
+    Date next = session.payroll().C_Next_Expected_EPE_Date(&none, frequency);
+    if (none) return session.payroll().C_Calc_Next_NExpDate(start, frequency, PR_NExp_EPE, true);
+    while (next < start) {
+        next = session.payroll().C_Calc_Next_NExpDate(next, frequency, PR_NExp_EPE);
+    }
+    return next;
+}
+
+// The row from which the periods of the employment are counted: closed, without pay, and up to the
+// day before the start.
+void layDownStartingRow(HostSession& session, cEmployee& employee, const AddOptions& options) {
+    const auto frequency = static_cast<PR_Pay_Freq>(employee.PayFrequency());
+    const Date pay = options.firstPay.isSet() ? options.firstPay
+                                              : firstPayDate(session, frequency, options.start);
+    const Date end = options.firstPeriodEnd.isSet()
+                         ? options.firstPeriodEnd
+                         : firstPeriodEnd(session, frequency, options.start);
+    const std::int32_t week = session.payroll().C_CalcTaxWeek(options.start) - 1;
+    session.payroll().C_CreateStartingPayRecord(options.naid, week, options.start.addDays(-1), pay,
+                                                end);
+}
+
+void runAdd(const Context& context, const AddOptions& options) {
+    const auto session = openCompany(context, options.database);
+    const auto employee = employeeOf(*session, options.naid);
+    if (employee->Active()) {
+        throw Refusal("employee " + std::to_string(options.naid) +
+                      " has an employment of this year that has not ended");
+    }
+    inOneBatch(session->database(), [&] {
+        storeCount(session->database(), options.naid, nextCount(*employee));
+        session->payroll().C_CreateNewEmploymentRecord(
+            options.naid, session->payroll().C_CalcTaxWeek(options.start) - 1,
+            options.casual ? PR_ET_Casual : PR_ET_Regular, options.start.toIso(),
+            addInfo(options.form), options.continuation, options.aeStatus);
+        if (!options.casual) layDownStartingRow(*session, *employee, options);
+    });
+    session->list().ReLoadEmployee(options.naid);
+    const auto added = employeeOf(*session, options.naid)->MostRecentEmployment();
+    Report report;
+    report.say("Employment " + std::to_string(added->EmployCount()) + " of payroll year " +
+               std::to_string(added->PayrollYear()) + " added for " + employee->Name());
+    Table& table = report.table("employment", {"prtid", "payroll_year", "count", "start", "end",
+                                               "next_pay", "next_period_end"});
+    table.add({added->PRTID(), added->PayrollYear(), added->EmployCount(), added->PRTStartDate(),
+               added->EndDate(), added->NExpPayDate(), added->NExpEPEDate()});
+    context.show(report);
+}
+
+void addFormOptions(CLI::App& command, StarterForm& form) {
+    const std::string group = "The starter's form";
+    command.add_option("--form", form.type, "Which form the starter gave")
+        ->transform(CLI::CheckedTransformer(formNames, CLI::ignore_case))
+        ->group(group);
+    addDate(command, "--declared", form.declared, "Date of the declaration")->group(group);
+    command
+        .add_option("--previous-reference", form.previousReference,
+                    "PAYE reference of the previous employer")
+        ->group(group);
+    addDate(command, "--previous-left", form.previousLeft, "Leaving date there")->group(group);
+    command.add_option("--previous-tax-code", form.previousTaxCode, "Tax code there")->group(group);
+    command.add_option("--previous-week", form.previousWeek, "Tax week there")->group(group);
+    command.add_option("--previous-gross", form.previousGross, "Gross pay there")->group(group);
+    command.add_option("--previous-tax", form.previousTax, "Tax there")->group(group);
+    command.add_option("--text", form.text, "Free text")->group(group);
+}
+
+}  // namespace
+
+void addEmploymentCommands(CLI::App& app, Context& context) {
+    const auto options = std::make_shared<AddOptions>();
+    auto* employment = app.add_subcommand("employment", "Employment records");
+    employment->require_subcommand(1);
+    auto* add = employment->add_subcommand(
+        "add", "Add an employment of the current year, with the row from which its pay counts");
+    addDatabase(*add, options->database);
+    add->add_option("--employee", options->naid, "The number of the employee")->required();
+    addDate(*add, "--start", options->start, "The first day")->required();
+    add->add_flag("--casual", options->casual, "Casual work");
+    add->add_flag("--continuation", options->continuation,
+                  "For auto-enrolment it carries on the employment before");
+    add->add_option("--ae-status", options->aeStatus, "Auto-enrolment status at the start");
+    addDate(*add, "--first-pay", options->firstPay,
+            "First pay date; else that of those paid as often");
+    addDate(*add, "--first-period-end", options->firstPeriodEnd, "End of the first pay period");
+    addFormOptions(*add, options->form);
+    add->callback([&context, options] {
+        context.action = [&context, options] { runAdd(context, *options); };
+    });
+}
+
+}  // namespace ledgerwick::app

@@ -1,0 +1,258 @@
+#include "app/pay_run.h"
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+#include "app/context.h"
+
+namespace ledgerwick::app {
+
+namespace {
+
+// `PRPStatus` of a row whose pay was worked out and reported.
+constexpr int reportedStatus = 3;
+// The status that takes an order line out of the imported earnings.
+constexpr std::int16_t closedOrder = 5;
+
+bool isRegular(cEmployee& employee) {
+    return employee.Active() && !employee.Casual();
+}
+
+bool isSelected(const cEmployee& employee, const Selection& selection) {
+    return (selection.naid == 0 || employee.NAID() == selection.naid) &&
+           (selection.group == 0 || employee.Group() == selection.group) &&
+           (selection.frequency < 0 || employee.PayFrequency() == selection.frequency);
+}
+
+std::int32_t periodsDue(HostSession& session, cEmployee& employee, Date upTo) {
+    const auto frequency = static_cast<PR_Pay_Freq>(employee.PayFrequency());
+    std::int32_t periods = 0;
+    for (Date due = employee.CurEmployment()->NExpPayDate(); due <= upTo; ++periods) {
+        due = session.payroll().C_Calc_Next_NExpDate(due, frequency, PR_NExp_Pay);
+    }
+    return periods;
+}
+
+// Without a closed row an employment has no date to count from, and every period since 1899 would
+// fall due.
+void refuseWithoutHistory(HostSession& session, const Selection& selection) {
+    for (const auto& employee : session.list().Employees()) {
+        const bool lacking = isRegular(*employee) && isSelected(*employee, selection) &&
+                             !employee->CurEmployment()->NExpPayDate().isSet();
+        if (!lacking) continue;
+        throw Refusal("employee " + std::to_string(employee->NAID()) + ", " + employee->Name() +
+                      ", has no pay history; `employment add` lays down a starting row");
+    }
+}
+
+// An open row as the commands look at it.
+struct OpenRow {
+    std::int32_t prpid;
+    std::int32_t naid;
+    std::int16_t week;
+    std::int32_t period;
+    Date payDate;
+    Date periodEnd;
+    Currency pay;
+    bool visited;
+};
+
+std::vector<OpenRow> openRows(HostSession& session, const Selection& selection) {
+    const std::string statement =
+        "SELECT PRPID, PRPNAID, PRPWeekNo, PRPPaymentPeriod, PRPPayDate, PRPEPEDate, "
+        "PRPPeriodPay, PRPHasBeenVisited "
+        "FROM PRPay "
+        "WHERE PRPPaymentPeriod <> 0 AND PRPPeriodUpdated = False "
+        "AND PRPPayDate <= " +
+        dateLiteral(selection.payDate) + " ORDER BY " + PaymentsOrderBy();
+    const auto rows = session.database().OpenRecordset(statement, RecordsetType::Snapshot);
+    std::vector<OpenRow> found;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const OpenRow row{
+            rows->GetInt32(field::PRPID),           rows->GetInt32(field::PRPNAID),
+            rows->GetInt16(field::PRPWeekNo),       rows->GetInt32(field::PRPPaymentPeriod),
+            rows->GetDate(field::PRPPayDate),       rows->GetDate(field::PRPEPEDate),
+            rows->GetCurrency(field::PRPPeriodPay), rows->GetBoolean(field::PRPHasBeenVisited)};
+        if (isSelected(*employeeOf(session, row.naid), selection)) found.push_back(row);
+    }
+    rows->Close();
+    return found;
+}
+
+void markCalculated(HostSession& session, std::int32_t naid, Date payDate) {
+    session.database().Execute("UPDATE PRPay SET PRPStatus = " + std::to_string(reportedStatus) +
+                                   ", PRPHasBeenVisited = True "
+                                   "WHERE PRPPaymentPeriod <> 0 AND PRPPeriodUpdated = False "
+                                   "AND PRPStatus < " +
+                                   std::to_string(reportedStatus) + " AND PRPPayDate <= " +
+                                   dateLiteral(payDate) + " AND PRPNAID = " + std::to_string(naid),
+                               failOnError);
+}
+
+// Closes the checked order lines of the periods, each from the day after the one before it.
+void closePiecework(cEmployment& employment, const std::vector<OpenRow>& rows, Date payDate) {
+    Date from = employment.LastEPEDate().addDays(1);
+    for (const OpenRow& row : rows) {
+        from = std::min(std::max(from, employment.PRTStartDate()), row.periodEnd);
+        employment.UpdateImportedEarnings(closedOrder, from, row.periodEnd, 0,
+                                          Variant("Pay " + payDate.toIso()));
+        from = row.periodEnd.addDays(1);
+    }
+}
+
+void clearImportedPay(HostSession& session, std::int32_t naid) {
+    if (!DLLGlobal::DAO_ADO().TempTableExists("PRPayImport")) return;
+    session.database().Execute("DELETE FROM PRPayImport WHERE PRPINAID = " + std::to_string(naid),
+                               failOnError);
+}
+
+void closeEmployee(HostSession& session, cEmployee& employee, const std::vector<OpenRow>& rows,
+                   Date payDate) {
+    inOneBatch(session.database(), [&] {
+        markCalculated(session, employee.NAID(), payDate);
+        closePiecework(*employee.CurEmployment(), rows, payDate);
+        session.payroll().C_UpdatePayPeriod(employee.NAID(), payDate);
+        clearImportedPay(session, employee.NAID());
+    });
+}
+
+std::int32_t highestPayRow(HostSession& session) {
+    const auto rows = session.database().OpenRecordset("SELECT Max(PRPID) AS PRPIDMax FROM PRPay",
+                                                       RecordsetType::Snapshot);
+    const std::int32_t highest =
+        rows->IsNull(field::PRPIDMax) ? 0 : rows->GetInt32(field::PRPIDMax);
+    rows->Close();
+    return highest;
+}
+
+void tellNothingDue(HostSession& session, const Selection& selection, Report& report) {
+    bool none = false;
+    const Date next = session.payroll().C_Next_Expected_Pay_Date(&none, selection.frequency);
+    std::string sentence = "Nothing is due up to " + selection.payDate.toIso() + ".";
+    if (!none) sentence += " Pay falls due next on " + next.toIso() + ".";
+    report.say(sentence);
+}
+
+}  // namespace
+
+std::string dateLiteral(Date date) {
+    return "#" + DLLGlobal::pf().DateToUSstr(date) + "#";
+}
+
+Report whatIsDue(HostSession& session, Date upTo) {
+    Report report;
+    std::int32_t employees = 0;
+    std::int32_t periods = 0;
+    session.payroll().C_Count_for_Pay_Date(upTo, &employees, &periods);
+    report.say(counted(employees, "employee") + " and " + counted(periods, "period") +
+               " due up to " + upTo.toIso());
+    report.fact("up_to", upTo);
+    report.fact("employees_due", employees);
+    report.fact("periods_due", periods);
+    bool noOpenRun = false;
+    const Date openRun = session.payroll().C_Update_Period_Date(&noOpenRun);
+    if (!noOpenRun) report.say("The run of " + openRun.toIso() + " is open.");
+    report.fact("open_run", noOpenRun ? Variant() : Variant(openRun));
+    Table& table =
+        report.table("due", {"naid", "name", "frequency", "next_pay", "period_end", "periods"});
+    for (const auto& employee : session.list().Employees()) {
+        const auto employment = employee->CurEmployment();
+        if (!isRegular(*employee) || employment->NExpPayDate() > upTo) continue;
+        table.add({employee->NAID(), employee->Name(), frequencyName(employee->PayFrequency()),
+                   employment->NExpPayDate(), employment->NExpEPEDate(),
+                   periodsDue(session, *employee, upTo)});
+    }
+    return report;
+}
+
+Report openRun(HostSession& session, const Selection& selection) {
+    refuseWithoutHistory(session, selection);
+    Variant columns;
+    bool unchecked = false;
+    session.payroll().C_InputHoursInit(selection.payDate, selection.frequency, selection.group,
+                                       selection.naid, &columns, &unchecked);
+    Report report;
+    const VariantArray& array = columns.array("C_InputHoursInit");
+    if (array.at(1, 1).isEmpty()) {
+        tellNothingDue(session, selection, report);
+    } else {
+        report.say("Run of " + selection.payDate.toIso() + ": " +
+                   counted(array.upperBound(2), "period"));
+    }
+    if (unchecked) report.say("Some piecework of these periods has not been checked.");
+    report.fact("unchecked_piecework", unchecked);
+    Table& table = report.table(
+        "columns", {"naid", "name", "from", "to", "imported", "week", "period", "prpid"});
+    for (std::int32_t i = 1; i <= array.upperBound(2) && !array.at(1, i).isEmpty(); ++i) {
+        const std::int32_t naid = array.at(1, i).toInt32();
+        const Variant& imported = array.at(6, i);
+        table.add({naid, employeeOf(session, naid)->Name(), array.at(3, i), array.at(4, i),
+                   imported.kind() == VariantKind::Text ? Variant() : imported, array.at(7, i),
+                   array.at(8, i), array.at(2, i)});
+    }
+    return report;
+}
+
+Report showRun(HostSession& session, const Selection& selection) {
+    const auto rows = openRows(session, selection);
+    Report report;
+    report.say(counted(rows.size(), "open row") + " up to " + selection.payDate.toIso());
+    Table& table = report.table("open_rows", {"naid", "name", "pay_date", "to", "week", "period",
+                                              "period_pay", "visited", "prpid"});
+    for (const OpenRow& row : rows) {
+        table.add({row.naid, employeeOf(session, row.naid)->Name(), row.payDate, row.periodEnd,
+                   row.week, row.period, row.pay, row.visited, row.prpid});
+    }
+    return report;
+}
+
+Report closeRun(HostSession& session, const Selection& selection) {
+    std::map<std::int32_t, std::vector<OpenRow>> rowsOf;
+    std::int64_t count = 0;
+    for (const OpenRow& row : openRows(session, selection)) {
+        rowsOf[row.naid].push_back(row);
+        ++count;
+    }
+    session.list().LoadImportedPay();
+    Report report;
+    report.say("Run of " + selection.payDate.toIso() + ": " + counted(count, "row") + " closed");
+    Table& table = report.table("closed", {"naid", "name", "rows", "paid_to", "next_pay_before",
+                                           "next_pay_now", "next_period_end"});
+    for (const auto& [naid, rows] : rowsOf) {
+        const auto employee = employeeOf(session, naid);
+        const Date before = employee->CurEmployment()->NExpPayDate();
+        closeEmployee(session, *employee, rows, selection.payDate);
+        session.list().ReLoadEmployee(naid);
+        const auto now = employeeOf(session, naid)->CurEmployment();
+        table.add({naid, employee->Name(), static_cast<std::int32_t>(rows.size()),
+                   now->LastEPEDate(), before, now->NExpPayDate(), now->NExpEPEDate()});
+    }
+    return report;
+}
+
+Report fillGaps(HostSession& session) {
+    const std::int32_t before = highestPayRow(session);
+    session.payroll().AutoFillMissingPeriods();
+    const auto rows = session.database().OpenRecordset(
+        "SELECT PRPID, PRPNAID, PRPWeekNo, PRPPaymentPeriod, PRPPayDate, PRPRTILateReason "
+        "FROM PRPay "
+        "WHERE PRPID > " +
+            std::to_string(before) + " ORDER BY PRPID",
+        RecordsetType::Snapshot);
+    Report report;
+    Table table("filled", {"prpid", "naid", "name", "week", "period", "pay_date", "late_reason"});
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const std::int32_t naid = rows->GetInt32(field::PRPNAID);
+        table.add({rows->GetInt32(field::PRPID), naid, employeeOf(session, naid)->Name(),
+                   rows->GetInt16(field::PRPWeekNo), rows->GetInt32(field::PRPPaymentPeriod),
+                   rows->GetDate(field::PRPPayDate), rows->GetText(field::PRPRTILateReason)});
+    }
+    rows->Close();
+    report.say(counted(static_cast<std::int64_t>(table.rows().size()), "skipped period") +
+               " filled");
+    report.table(std::move(table));
+    return report;
+}
+
+}  // namespace ledgerwick::app

@@ -1,0 +1,173 @@
+#include <array>
+#include <memory>
+
+#include "app/commands.h"
+#include "app/options.h"
+#include "app/pay_run.h"
+#include "ledgerwick/values/format.h"
+#include "ledgerwick/values/text.h"
+
+namespace ledgerwick::app {
+
+namespace {
+
+struct QueryOptions {
+    std::string database;
+    Date date;
+    std::int32_t naid = 0;
+    std::int16_t startDay = 0;
+};
+
+constexpr std::array periodCodes{PFREQ_1Weekly,   PFREQ_2Weekly,  PFREQ_4Weekly, PFREQ_Monthly,
+                                 PFREQ_Quarterly, PFREQ_BiAnnual, PFREQ_Annual};
+
+// "2015/16"
+std::string taxYearText(int year) {
+    return std::to_string(year) + "/" + formatNumber(double((year + 1) % 100), "00");
+}
+
+void runCalendar(const Context& context, const QueryOptions& options) {
+    const Date date = options.date;
+    const int year = calendar::taxYearOf(date);
+    Report report;
+    report.say(formatDate(date, "dddd d mmmm yyyy") + ": tax year " + taxYearText(year) +
+               ", payroll year " + std::to_string(calendar::payrollYearOf(date)) + ", tax week " +
+               std::to_string(calendar::taxWeek(date)) + ", tax month " +
+               std::to_string(calendar::taxMonth(date)));
+    report.fact("date", date);
+    report.fact("tax_year", taxYearText(year));
+    report.fact("payroll_year", calendar::payrollYearOf(date));
+    report.fact("tax_week", calendar::taxWeek(date));
+    report.fact("tax_month", calendar::taxMonth(date));
+    Table& table = report.table("periods", {"frequency", "period", "first_day", "last_day",
+                                            "reference_first", "reference_last"});
+    for (const PR_Pay_Freq frequency : periodCodes) {
+        const std::int16_t code = PR_Convert_PayFreq_to_PayPeriod(frequency);
+        const auto period = calendar::taxPeriod(date, code, "calendar");
+        const auto reference = calendar::payReferencePeriod(date, code, options.startDay);
+        table.add({frequencyName(frequency), calendar::taxPeriodNumber(date, code, "calendar"),
+                   period.first, period.last, reference.first, reference.last});
+    }
+    context.show(report);
+}
+
+std::string stateOf(cEmployee& employee) {
+    if (employee.Active()) return employee.Casual() ? "casual" : "active";
+    const auto latest = employee.MostRecentEmployment();
+    if (!latest) return "void";
+    return latest->EndDate().isSet() ? "left" : "not in this year";
+}
+
+void runEmployees(const Context& context, const QueryOptions& options) {
+    const auto session = openCompany(context, options.database);
+    Report report;
+    Table& table = report.table("employees", {"naid", "reference", "name", "frequency", "group",
+                                              "state", "start", "end", "last_pay", "next_pay"});
+    for (const auto& employee : session->list().Employees()) {
+        const auto latest = employee->MostRecentEmployment();
+        const bool pays = employee->Active() && !employee->Casual();
+        table.add({employee->NAID(), employee->UserRef(), employee->Name(),
+                   frequencyName(employee->PayFrequency()), employee->Group(), stateOf(*employee),
+                   latest ? latest->StartDate() : Date(), latest ? latest->EndDate() : Date(),
+                   latest ? latest->LastPayDate() : Date(),
+                   pays ? Variant(latest->NExpPayDate()) : Variant()});
+    }
+    report.say(counted(session->list().EmployeeCount(), "employee"));
+    context.show(report);
+}
+
+// What is told of one employee, a line each.
+std::vector<std::pair<std::string, Variant>> details(cEmployee& employee) {
+    return {{"naid", employee.NAID()},
+            {"reference", employee.UserRef()},
+            {"name", employee.Name()},
+            {"ni_number", employee.NINO()},
+            {"ni_number_duplicated", employee.NINODuplicated()},
+            {"born", employee.DOB()},
+            {"state", stateOf(employee)},
+            {"frequency", frequencyName(employee.PayFrequency())},
+            {"group", employee.Group()},
+            {"hourly_paid", employee.HourlyPaid()},
+            {"hourly_rate", employee.HourlyRate()},
+            {"period_rate", employee.PeriodRate()},
+            {"tax_code", employee.TaxCode()},
+            {"ni_table", employee.NITable()},
+            {"director", employee.Director()},
+            {"workplace_scheme", employee.PenWorkplaceSchemeID()},
+            {"employee_percent", employee.PenWorkplaceEEDeductPC()},
+            {"employer_percent", employee.PenWorkplaceERDeductPC()},
+            {"pension_joined", employee.AEJoinedDate()},
+            {"pension_opted_in", employee.AEOptInDate()},
+            {"pension_postponed_to", employee.AEPostponementDate()}};
+}
+
+void addEmployments(cEmployee& employee, Report& report) {
+    Table& table = report.table(
+        "employments", {"prtid", "payroll_year", "count", "type", "row_start", "start",
+                        "hmrc_start", "end", "continues", "ae_continues", "last_week", "last_pay",
+                        "paid_to", "next_pay", "next_period_end", "ae_status"});
+    for (const auto& employment : employee.Employments()) {
+        table.add({employment->PRTID(), employment->PayrollYear(), employment->EmployCount(),
+                   employment->Casual() ? "casual" : "regular", employment->PRTStartDate(),
+                   employment->StartDate(), employment->HMRCStartDate(), employment->EndDate(),
+                   employment->Continuation(), employment->AEContinuation(),
+                   employment->LastWeekNo(), employment->LastPayDate(), employment->LastEPEDate(),
+                   employment->NExpPayDate(), employment->NExpEPEDate(),
+                   employment->AEStatusCur()});
+    }
+}
+
+void runEmployee(const Context& context, const QueryOptions& options) {
+    const auto session = openCompany(context, options.database);
+    const auto employee = employeeOf(*session, options.naid);
+    Report report;
+    for (const auto& [name, value] : details(*employee)) {
+        report.fact(name, value);
+        const std::string shown = readable(value);
+        if (!shown.empty()) report.say(padOrCut(replaceAll(name, "_", " "), 22) + shown);
+    }
+    addEmployments(*employee, report);
+    context.show(report);
+}
+
+void runDue(const Context& context, const QueryOptions& options) {
+    const auto session = openCompany(context, options.database);
+    const Date upTo =
+        options.date.isSet() ? options.date : session->payroll().C_Next_Expected_Pay_Date();
+    context.show(whatIsDue(*session, upTo));
+}
+
+}  // namespace
+
+void addQueryCommands(CLI::App& app, Context& context) {
+    const auto options = std::make_shared<QueryOptions>();
+    const auto choose = [&context, options](CLI::App* command, auto run) {
+        command->callback([&context, options, run] {
+            context.action = [&context, options, run] { run(context, *options); };
+        });
+    };
+
+    auto* days = app.add_subcommand("calendar", "Tax year, week, month and periods of a date");
+    addDate(*days, "DATE", options->date, "The date")->required();
+    days->add_option("--start-day", options->startDay,
+                     "First day of a weekly reference period, 1 = Sunday; 0 follows the tax week")
+        ->check(CLI::Range(0, 7));
+    choose(days, runCalendar);
+
+    auto* employees = app.add_subcommand("employees", "All employees and where they stand");
+    addDatabase(*employees, options->database);
+    choose(employees, runEmployees);
+
+    auto* employee = app.add_subcommand("employee", "One employee with every employment");
+    addDatabase(*employee, options->database);
+    employee->add_option("NAID", options->naid, "The number of the employee")->required();
+    choose(employee, runEmployee);
+
+    auto* due = app.add_subcommand("due", "Whose pay falls due, and how many periods");
+    addDatabase(*due, options->database);
+    addDate(*due, "--up-to", options->date,
+            "Up to this pay date; else up to the next one expected");
+    choose(due, runDue);
+}
+
+}  // namespace ledgerwick::app

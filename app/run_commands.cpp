@@ -1,0 +1,56 @@
+#include <memory>
+
+#include "app/commands.h"
+#include "app/options.h"
+#include "app/pay_run.h"
+
+namespace ledgerwick::app {
+
+namespace {
+
+struct RunOptions {
+    std::string database;
+    Selection selection;
+};
+
+using RunStep = Report (*)(HostSession&, const Selection&);
+
+void addStep(CLI::App& run, Context& context, const std::string& name, const std::string& help,
+             RunStep step) {
+    const auto options = std::make_shared<RunOptions>();
+    Selection& selection = options->selection;
+    auto* command = run.add_subcommand(name, help);
+    addDatabase(*command, options->database);
+    addDate(*command, "--pay-date", selection.payDate, "The pay date of the run")->required();
+    addFrequency(*command, selection.frequency, "Only employees paid so");
+    command->add_option("--group", selection.group, "Only employees of this group");
+    command->add_option("--employee", selection.naid, "Only the employee of this number");
+    command->callback([&context, options, step] {
+        context.action = [&context, options, step] {
+            const auto session = openCompany(context, options->database);
+            if (options->selection.naid != 0) employeeOf(*session, options->selection.naid);
+            context.show(step(*session, options->selection));
+        };
+    });
+}
+
+}  // namespace
+
+void addRunCommands(CLI::App& app, Context& context) {
+    auto* run = app.add_subcommand("run", "A pay run: open it, look at it, close it");
+    run->require_subcommand(1);
+    addStep(*run, context, "open", "Prepare a pay record for every period due", openRun);
+    addStep(*run, context, "show", "List the open pay records; nothing is written", showRun);
+    addStep(*run, context, "close", "Close the open pay records and move the dates on", closeRun);
+
+    const auto database = std::make_shared<std::string>();
+    auto* fill = app.add_subcommand("fill", "Add a row for each period skipped in this year");
+    addDatabase(*fill, *database);
+    fill->callback([&context, database] {
+        context.action = [&context, database] {
+            context.show(fillGaps(*openCompany(context, *database)));
+        };
+    });
+}
+
+}  // namespace ledgerwick::app
