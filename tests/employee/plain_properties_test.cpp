@@ -70,10 +70,11 @@ Pair<Owner> plain(std::string name, Property<T> Owner::*property) {
             asVariant(sample<T>())};
 }
 
-Pair<cEmployee> text(std::string name, std::string (cEmployee::*get)() const,
-                     void (cEmployee::*set)(std::string_view)) {
-    return {std::move(name), [set](cEmployee& e) { (e.*set)(sample<std::string>()); },
-            [get](cEmployee& e) -> Variant { return (e.*get)(); }, sample<std::string>()};
+// A pair of functions over the value `T`.
+template <class T, class Owner>
+Pair<Owner> pairOf(std::string name, void (*set)(Owner&, T), Variant (*get)(Owner&)) {
+    return {std::move(name), [set](Owner& owner) { set(owner, sample<T>()); }, get,
+            asVariant(sample<T>())};
 }
 
 template <class Owner>
@@ -107,37 +108,50 @@ using E = cEmployee;
 const std::vector<Pair<E>> employeePairs{
     plain("Group", &E::Group),
     plain("Active", &E::Active),
-    text("IID", &E::IID, &E::IID),
-    {"OtherID", [](E& e) { e.OtherID(sample<std::int32_t>()); },
-     [](E& e) -> Variant { return e.OtherID(); }, sample<std::int32_t>()},
+    plain("IID", &E::IID),
+    pairOf<std::int32_t, E>(
+        "OtherID", [](E& e, std::int32_t v) { e.OtherID(v); },
+        [](E& e) -> Variant { return e.OtherID(); }),
     plain("NAID", &E::NAID),
-    text("SortSeq", &E::SortSeq, &E::SortSeq),
-    text("NINO", &E::NINO, &E::NINO),
+    plain("SortSeq", &E::SortSeq),
+    pairOf<std::string, E>(
+        "NINO", [](E& e, std::string v) { e.NINO(v); }, [](E& e) -> Variant { return e.NINO(); }),
     plain("HourlyPaid", &E::HourlyPaid),
     plain("NINODuplicated", &E::NINODuplicated),
     plain("IIDDuplicated", &E::IIDDuplicated),
-    text("Sex", &E::Sex, &E::Sex),
-    text("Add1", &E::Add1, &E::Add1),
-    text("Add2", &E::Add2, &E::Add2),
-    text("PostCode", &E::PostCode, &E::PostCode),
-    text("Email", &E::Email, &E::Email),
-    text("Phone_Home", &E::Phone_Home, &E::Phone_Home),
-    text("Phone_Mobile", &E::Phone_Mobile, &E::Phone_Mobile),
-    text("Phone_Work", &E::Phone_Work, &E::Phone_Work),
+    plain("Sex", &E::Sex),
+    pairOf<std::string, E>(
+        "Add1", [](E& e, std::string v) { e.Add1(v); }, [](E& e) -> Variant { return e.Add1(); }),
+    pairOf<std::string, E>(
+        "Add2", [](E& e, std::string v) { e.Add2(v); }, [](E& e) -> Variant { return e.Add2(); }),
+    pairOf<std::string, E>(
+        "PostCode", [](E& e, std::string v) { e.PostCode(v); },
+        [](E& e) -> Variant { return e.PostCode(); }),
+    plain("Email", &E::Email),
+    plain("Phone_Home", &E::Phone_Home),
+    plain("Phone_Mobile", &E::Phone_Mobile),
+    plain("Phone_Work", &E::Phone_Work),
     plain("DOB", &E::DOB),
-    text("Village", &E::Village, &E::Village),
-    text("Town", &E::Town, &E::Town),
-    text("County", &E::County, &E::County),
-    text("Country", &E::Country, &E::Country),
+    pairOf<std::string, E>(
+        "Village", [](E& e, std::string v) { e.Village(v); },
+        [](E& e) -> Variant { return e.Village(); }),
+    pairOf<std::string, E>(
+        "Town", [](E& e, std::string v) { e.Town(v); }, [](E& e) -> Variant { return e.Town(); }),
+    pairOf<std::string, E>(
+        "County", [](E& e, std::string v) { e.County(v); },
+        [](E& e) -> Variant { return e.County(); }),
+    pairOf<std::string, E>(
+        "Country", [](E& e, std::string v) { e.Country(v); },
+        [](E& e) -> Variant { return e.Country(); }),
     plain("AEOptInDate", &E::AEOptInDate),
     plain("AEJoinedDate", &E::AEJoinedDate),
     plain("AEPostponementDate", &E::AEPostponementDate),
     plain("Casual", &E::Casual),
     plain("PayFrequency", &E::PayFrequency),
-    text("Seq", &E::Seq, &E::Seq),
+    plain("Seq", &E::Seq),
     plain("Director", &E::Director),
-    text("NITable", &E::NITable, &E::NITable),
-    text("TaxCode", &E::TaxCode, &E::TaxCode),
+    plain("NITable", &E::NITable),
+    plain("TaxCode", &E::TaxCode),
     plain("PenWorkplaceSchemeID", &E::PenWorkplaceSchemeID),
     plain("PenWorkplaceUseSchemeRates", &E::PenWorkplaceUseSchemeRates),
     plain("PenWorkplaceEEDeductPC", &E::PenWorkplaceEEDeductPC),
@@ -146,7 +160,7 @@ const std::vector<Pair<E>> employeePairs{
     plain("PenWorkplaceERDeductFlat", &E::PenWorkplaceERDeductFlat),
     plain("HourlyRate", &E::HourlyRate),
     plain("PeriodRate", &E::PeriodRate),
-    text("UserRef", &E::UserRef, &E::UserRef),
+    plain("UserRef", &E::UserRef),
     plain("HolidayAllowance", &E::HolidayAllowance),
     readOnly<E>("BusName", [](E& e) -> Variant { return e.BusName(); }),
     readOnly<E>("Name", [](E& e) -> Variant { return e.Name(); }),

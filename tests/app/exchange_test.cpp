@@ -1,0 +1,233 @@
+// Companies into and out of files.
+#include "app/exchange.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "app/tables.h"
+#include "hostkit/services/host_session.h"
+
+namespace ledgerwick::app {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+// A folder for the files of one test.
+class Exchange : public testing::Test {
+  protected:
+    Exchange() {
+        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+        folder_ = std::filesystem::temp_directory_path() / "ledgerwick-exchange" / test->name();
+        std::filesystem::remove_all(folder_);
+        std::filesystem::create_directories(folder_);
+    }
+    ~Exchange() override { std::filesystem::remove_all(folder_); }
+
+    void write(const std::string& file, const std::string& text) {
+        std::ofstream(folder_ / file, std::ios::binary) << text;
+    }
+
+    // What an import of the folder says is wrong; empty when it was stored.
+    std::string faults() {
+        try {
+            importCompany(*database_, folder_);
+        } catch (const BadFiles& bad) {
+            return bad.what();
+        }
+        return {};
+    }
+
+    std::int32_t rowsIn(const std::string& table) {
+        return database_->OpenRecordset("SELECT * FROM " + table, RecordsetType::Dynaset)
+            ->RecordCount();
+    }
+
+    Variant valueOf(const std::string& field, const std::string& from) {
+        return database_
+            ->OpenRecordset("SELECT " + field + " FROM " + from, RecordsetType::Snapshot)
+            ->Value(field);
+    }
+
+    std::filesystem::path folder_;
+    std::shared_ptr<sqlite::SqliteDatabase> database_ = openDatabaseFile(":memory:");
+};
+
+// Every row of every table, with the kind of each value.
+std::vector<std::string> contentsOf(sqlite::SqliteDatabase& database) {
+    std::vector<std::string> contents;
+    for (const TableLayout& table : companyTables(database)) {
+        const auto rows =
+            database.OpenRecordset("SELECT * FROM " + table.name, RecordsetType::Snapshot);
+        for (; !rows->Eof(); rows->MoveNext()) {
+            std::string line = table.name;
+            for (const FieldLayout& field : table.fields) {
+                const Variant value = rows->Value(field.name);
+                line += "|" + std::to_string(static_cast<int>(value.kind())) + ":";
+                if (value.kind() == VariantKind::Date) {
+                    line += std::to_string(value.toDate().serial());
+                } else if (!value.isNull()) {
+                    line += value.toText();
+                }
+            }
+            contents.push_back(std::move(line));
+        }
+    }
+    return contents;
+}
+
+TEST_F(Exchange, AnExportTakenInGivesTheSameDatabase) {
+    importCompany(*database_, SAMPLE_COMPANY);
+    // Whatever a database can hold: Null, texts that look like formulas and like Null, odd numbers.
+    database_->exec(R"(
+        UPDATE Customers SET NABusName = '=SUM(A1)', NAAdd1 = '\N', NAAdd2 = '''=x' WHERE NAID = 101;
+        UPDATE Customers SET NABusName = NULL, NATown = 'two' || char(13, 10) || 'lines, "so"'
+        WHERE NAID = 102;
+        UPDATE PRPay SET PRPStdHours = 1e-7, PRPPeriodPay = -0.0001, PRPAEStatus = '' WHERE PRPID = 9;
+        UPDATE PRPay SET PRPEPEDate = NULL, PRPStdHours = 0.1 + 0.2 WHERE PRPID = 10;
+        UPDATE PensionSchemes SET PSDefEE = 2.7;
+    )");
+    exportCompany(*database_, folder_);
+    const auto second = openDatabaseFile(":memory:");
+    importCompany(*second, folder_);
+    const auto contents = contentsOf(*second);
+    EXPECT_GT(contents.size(), 2500u);
+    EXPECT_EQ(contents, contentsOf(*database_));
+}
+
+TEST_F(Exchange, TheSampleCompanyLoadsAndIsWholeInItself) {
+    importCompany(*database_, SAMPLE_COMPANY);
+    EXPECT_THAT(brokenLinks(*database_), IsEmpty());
+    HostSession session(database_, Date::fromYmd(2026, 1, 30));
+    session.list().LoadEmployees();
+    EXPECT_EQ(session.list().EmployeeCount(), 60);
+    EXPECT_EQ(session.payroll().C_Count_Employees(PR_ET_Casual), 3);
+    bool none = true;
+    EXPECT_EQ(session.payroll().C_Next_Expected_Pay_Date(&none), Date::fromYmd(2026, 1, 30));
+    EXPECT_FALSE(none);
+    // Returned after 7 days and after 8.
+    const auto gallantry = session.list().GetEmployeeByNAID(135)->CurEmployment();
+    const auto frobisher = session.list().GetEmployeeByNAID(136)->CurEmployment();
+    EXPECT_TRUE(gallantry->AEContinuation());
+    EXPECT_FALSE(frobisher->AEContinuation());
+    EXPECT_EQ(frobisher->StartDate(), Date::fromYmd(2025, 7, 12));
+}
+
+TEST_F(Exchange, FieldsLeftOutTakeTheTablesDefaults) {
+    write("Deadstock.csv", "dsidno,DSDesc\n5,\n");
+    write("PREmployments.CSV",
+          "PRTID,PRTStartDate,PRTEndDateLong\n1,2016-04-29,2016-05-05\n2,2016-04-29T13:30,\n");
+    EXPECT_EQ(faults(), "");
+    EXPECT_EQ(valueOf("DSUoMConv", "Deadstock").toDouble(), 1);
+    EXPECT_EQ(valueOf("DSDesc", "Deadstock"), Variant(""));
+    EXPECT_EQ(valueOf("PRTEndDateLong", "PREmployments WHERE PRTID = 1").toInt32(), 42495);
+    EXPECT_EQ(valueOf("PRTEndDateLong", "PREmployments WHERE PRTID = 2").toInt32(), 0);
+    EXPECT_EQ(valueOf("PRTStartDate", "PREmployments WHERE PRTID = 2").toDate(),
+              Date::fromYmdHms(2016, 4, 29, 13, 30, 0));
+}
+
+struct BadField {
+    const char* file;
+    const char* field;
+    const char* text;
+    const char* reason;
+};
+
+TEST_F(Exchange, ABadFieldIsToldWithFileLineFieldAndReason) {
+    const BadField cases[] = {
+        {"PRPay", "PRPPayDate", "2025-02-29", "is not a date (YYYY-MM-DD)"},
+        {"PRPay", "PRPPayDate", "29/04/2016", "is not a date (YYYY-MM-DD)"},
+        {"PRPay", "PRPPayDate", "2016-4-29", "is not a date (YYYY-MM-DD)"},
+        {"PRPay", "PRPPayDate", "2016-04-29T24:00", "is not a date (YYYY-MM-DD)"},
+        {"PREmployments", "PRTEndDateLong", "42495", "is not a date (YYYY-MM-DD)"},
+        {"PRPay", "PRPPeriodUpdated", "yes", "is not True or False"},
+        {"PRPay", "PRPWeekNo", "32768", "is not a whole number of 16 bits"},
+        {"PRPay", "PRPNAID", "2147483648", "is not a whole number of 32 bits"},
+        {"PRPay", "PRPNAID", "7.0", "is not a whole number of 32 bits"},
+        {"PRPay", "PRPNAID", " 7", "is not a whole number of 32 bits"},
+        {"PRPay", "PRPStdHours", "1e999", "is not a number"},
+        {"PRPay", "PRPStdHours", "nan", "is not a number"},
+        {"PRPay", "PRPPeriodPay", "1.00001", "is not an amount of money with up to four decimals"},
+        {"PRPay", "PRPPeriodPay", "9e99", "is not an amount of money with up to four decimals"},
+        {"PRPay", "PRPPeriodPay", "£5", "is not an amount of money with up to four decimals"},
+        {"Customers", "NABusName", "caf\xE9", "the text is not UTF-8"},
+        {"Customers", "NABusName", "\xC0\xAF", "the text is not UTF-8"},
+        {"Customers", "NABusName", "\xED\xA0\x80", "the text is not UTF-8"},
+    };
+    for (const BadField& bad : cases) {
+        const std::string file = std::string(bad.file) + ".csv";
+        const std::string key = bad.file == std::string("PRPay")       ? "PRPID"
+                                : bad.file == std::string("Customers") ? "NAID"
+                                                                       : "PRTID";
+        write(file, key + "," + bad.field + "\n1,\n\n2," + bad.text + "\n");
+        const std::string told = faults();
+        EXPECT_THAT(told, testing::StartsWith(file + ", line 4, field " + bad.field + ": "));
+        EXPECT_THAT(told, HasSubstr(bad.reason));
+        EXPECT_EQ(rowsIn(bad.file), 0) << "a row in front of the fault was stored";
+        std::filesystem::remove(folder_ / file);
+    }
+}
+
+TEST_F(Exchange, FaultsOfEveryFileAreToldAndNothingIsStored) {
+    write("Customers.csv", "NAID,NABusName,NABusName,Nonsense\n1,a,b,c\n");
+    write("UoM.csv", "UoMCode\nea\n");
+    write("Orders.csv", "OrdID,OrdQty\n1,2\n1,3\n4\n,5\n");
+    write("Deadstock.csv", "");
+    write("PRControl.csv", "PRCFCurrentYear\n16\n17\n");
+    write("PensionSchemes.csv", "PSID,PSDesc\n1,\"never closed\n");
+    write("Strays.csv", "NAID\n1\n");
+    write("readme.txt", "no table");
+    std::vector<std::string> lines;
+    std::istringstream told(faults());
+    for (std::string line; std::getline(told, line);) lines.push_back(line);
+    EXPECT_THAT(lines,
+                ElementsAre("Strays.csv: there is no table Strays",
+                            "Customers.csv, line 1, field NABusName: the field stands here twice",
+                            "Customers.csv, line 1, field Nonsense: Customers has no such field",
+                            "PensionSchemes.csv, line 2: a quote is never closed",
+                            "Orders.csv, line 3, field OrdID: 1 stands in this file twice",
+                            "Orders.csv, line 4: 1 fields instead of 2",
+                            "Orders.csv, line 5, field OrdID: the key is missing",
+                            "Deadstock.csv, line 1: there is no row of field names",
+                            "UoM.csv, line 1, field UoMNo: the key is missing",
+                            "PRControl.csv, line 3: the control record is one row"));
+    EXPECT_EQ(rowsIn("Orders"), 0);
+}
+
+TEST_F(Exchange, RowsOfACompanyAreAddedAndSettingsReplaced) {
+    write("Customers.csv", "NAID,NABusName\n7,Ann\n");
+    write("Parameters.csv", "ParName,ParValue\nPRNExpD_M1,15\n");
+    write("PRControl.csv", "PRCFCurrentYear\n16\n");
+    EXPECT_EQ(faults(), "");
+    EXPECT_EQ(faults(), "Customers.csv, line 2, field NAID: 7 is in the database already");
+    write("Customers.csv", "NAID,NABusName\n8,Bob\n");
+    write("Parameters.csv", "ParName,ParValue\nprnexpd_m1,31\n");
+    write("PRControl.csv", "PRCFCurrentYear\n17\n");
+    EXPECT_EQ(faults(), "");
+    EXPECT_EQ(rowsIn("Customers"), 2);
+    EXPECT_EQ(rowsIn("Parameters"), 1);
+    EXPECT_EQ(valueOf("ParValue", "Parameters"), Variant("31"));
+    EXPECT_EQ(valueOf("PRCFCurrentYear", "PRControl").toInt32(), 17);
+}
+
+TEST_F(Exchange, RowsThatALoadWouldStumbleOverAreNamed) {
+    write("Customers.csv", "NAID\n1\n2\n");
+    write("PREmployeeDetails.csv", "PRENAID\n1\n2\n3\n");
+    write("PREmployments.csv",
+          "PRTID,PRTNAID,PRTPayrollYear,PRTPYEmployCount\n1,1,16,1\n3,3,16,1\n");
+    write("PRPay.csv", "PRPID,PRPNAID,PRPPayrollYear,PRPPYEmployCount\n1,1,16,1\n2,1,16,2\n");
+    write("PRPayImport.csv", "PRPINAID,PRPIPay\n9,1\n");
+    EXPECT_EQ(faults(), "");
+    EXPECT_THAT(
+        brokenLinks(*database_),
+        ElementsAre("employee 3 has no row in Customers", "employee 2 has no employment",
+                    "pay row 2 has no employment", "imported pay of 9 belongs to no employee"));
+}
+
+}  // namespace
+}  // namespace ledgerwick::app
