@@ -5,7 +5,6 @@
 #include "hostkit/sqlite/connection.h"
 #include "hostkit/sqlite/recordset.h"
 #include "hostkit/sqlite/schema_sql.h"
-#include "ledgerwick/values/text.h"
 
 namespace ledgerwick::sqlite {
 
@@ -24,10 +23,6 @@ class SqliteQueryDef final : public QueryDef {
     std::shared_ptr<Connection> connection_;
     std::string sql_;
 };
-
-std::string quoted(std::string_view name) {
-    return '"' + replaceAll(name, "\"", "\"\"") + '"';
-}
 
 }  // namespace
 
@@ -61,7 +56,8 @@ void SqliteDatabase::dropPayImportTable() {
 }
 
 void SqliteDatabase::createLastWeekNosTable(std::string_view pcId) {
-    connection_->exec("CREATE TEMP TABLE " + quoted("TEMP_PR_LAST_WEEK_NOS" + std::string(pcId)) +
+    connection_->exec("CREATE TEMP TABLE " +
+                      quotedName("TEMP_PR_LAST_WEEK_NOS" + std::string(pcId)) +
                       " (TLWWeekNo NUMBER DEFAULT 0, TLWCMonthNo NUMBER DEFAULT 0)");
 }
 

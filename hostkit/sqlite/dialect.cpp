@@ -88,10 +88,6 @@ class Translation {
     std::string sql_;
 };
 
-std::string quoted(std::string_view name) {
-    return '"' + replaceAll(name, "\"", "\"\"") + '"';
-}
-
 std::string Translation::run() {
     Select select;
     if (isAt(0, "UPDATE")) {
@@ -227,7 +223,7 @@ void Translation::writeItem(const Select& select, std::size_t item) {
     writeExpression(select, item, 0);
     if (!column.alias.empty()) {
         write("AS");
-        write(quoted(column.alias));
+        write(quotedName(column.alias));
     }
 }
 
@@ -243,7 +239,7 @@ bool Translation::writeStar(const Select& select, const Item& item) {
             if (!isRead(column.name)) continue;
             if (!first) write(",");
             first = false;
-            write(std::string(use.quoted) + '.' + quoted(column.name));
+            write(std::string(use.quoted) + '.' + quotedName(column.name));
         }
     }
     return found;
@@ -297,7 +293,7 @@ void Translation::writeUpdate() {
     }
     write("UPDATE");
     if (joined) {
-        write(quoted(uses.front().table->name));
+        write(quotedName(uses.front().table->name));
     } else {
         write(target);
     }
@@ -381,17 +377,21 @@ KeyedTranslation Translation::runKeyed() {
         const std::string& name = plan->table->columns[static_cast<std::size_t>(column)].name;
         names.push_back(name);
         plan->rowColumn.push_back(isRead(name) ? rowColumns++ : -1);
-        if (isRead(name)) columns += (columns.empty() ? "" : ", ") + quoted(name);
+        if (isRead(name)) columns += (columns.empty() ? "" : ", ") + quotedName(name);
     }
     plan->fields = FieldIndex(std::move(names));
     plan->rowSql = "SELECT " + (columns.empty() ? "NULL" : columns) + " FROM " +
-                   quoted(plan->table->name) + " WHERE rowid = ?1";
+                   quotedName(plan->table->name) + " WHERE rowid = ?1";
     write("SELECT " + use + ".rowid");
     write(Part{select.from, tokens_.size()});
     return {std::move(sql_), std::move(plan)};
 }
 
 }  // namespace
+
+std::string quotedName(std::string_view name) {
+    return '"' + replaceAll(name, "\"", "\"\"") + '"';
+}
 
 std::string translate(std::string_view shape, FieldList reads, Tables& tables) {
     return Translation(shape, reads, tables).run();

@@ -23,6 +23,9 @@
 
 namespace ledgerwick::sqlite {
 
+// A name as it stands in a statement for SQLite, whatever its characters.
+std::string quotedName(std::string_view name);
+
 // How an updatable set reaches its rows.
 struct KeyedPlan {
     TableRef table;

@@ -5,17 +5,12 @@
 
 #include "ledgerwick/values/checked.h"
 #include "ledgerwick/values/error.h"
-#include "ledgerwick/values/text.h"
 
 namespace ledgerwick::sqlite {
 
 namespace {
 
 constexpr std::size_t bitsInWord = 64;
-
-std::string quoted(std::string_view name) {
-    return '"' + replaceAll(name, "\"", "\"\"") + '"';
-}
 
 }  // namespace
 
@@ -206,10 +201,10 @@ std::string KeyedSet::insertSql() const {
     std::string values;
     for (std::size_t i = 0; i < written_.size(); ++i) {
         if (!isTouched(i)) continue;
-        names += (names.empty() ? "" : ", ") + quoted(plan_->table->columns[i].name);
+        names += (names.empty() ? "" : ", ") + quotedName(plan_->table->columns[i].name);
         values += values.empty() ? "?" : ", ?";
     }
-    const std::string into = "INSERT INTO " + quoted(plan_->table->name);
+    const std::string into = "INSERT INTO " + quotedName(plan_->table->name);
     if (names.empty()) return into + " DEFAULT VALUES";
     return into + " (" + names + ") VALUES (" + values + ")";
 }
@@ -218,10 +213,11 @@ std::string KeyedSet::updateSql() const {
     std::string assignments;
     for (std::size_t i = 0; i < written_.size(); ++i) {
         if (!isTouched(i)) continue;
-        assignments += (assignments.empty() ? "" : ", ") + quoted(plan_->table->columns[i].name);
+        assignments +=
+            (assignments.empty() ? "" : ", ") + quotedName(plan_->table->columns[i].name);
         assignments += " = ?";
     }
-    return "UPDATE " + quoted(plan_->table->name) + " SET " + assignments + " WHERE rowid = ?";
+    return "UPDATE " + quotedName(plan_->table->name) + " SET " + assignments + " WHERE rowid = ?";
 }
 
 ledgerwick::Bookmark KeyedSet::LastModified() {
