@@ -4,15 +4,26 @@
 
 namespace ledgerwick {
 
+namespace {
+
+std::string between(char before, std::string_view text, char after) {
+    std::string whole(1, before);
+    whole += text;
+    whole += after;
+    return whole;
+}
+
+}  // namespace
+
 // "Apples (kg)" and "Apples kg" are both Apples when bought by the kg. What is taken out leaves no
 // blank behind.
 void CImportedEarnings::Desc(std::string_view sDesc) {
-    const std::string inBrackets = "(" + UoPCode() + ")";
-    const std::string asWord = " " + UoPCode() + " ";
+    const std::string unitInBrackets = between('(', UoPCode(), ')');
+    const std::string unitAsWord = between(' ', UoPCode(), ' ');
 
-    const std::string withoutBrackets = replaceAll(sDesc, inBrackets, "");
-    const std::string padded = " " + std::string(trim(withoutBrackets)) + " ";
-    desc_ = trim(replaceAll(padded, asWord, ""));
+    const std::string withoutBrackets = replaceAll(sDesc, unitInBrackets, "");
+    const std::string padded = between(' ', trim(withoutBrackets), ' ');
+    desc_ = trim(replaceAll(padded, unitAsWord, ""));
 }
 
 }  // namespace ledgerwick

@@ -1,0 +1,77 @@
+#include "bench/company.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "hostkit/sqlite/database.h"
+
+namespace bench {
+namespace {
+
+void execute(sqlite3* db, const char* sql) {
+    char* message = nullptr;
+    if (sqlite3_exec(db, sql, nullptr, nullptr, &message) != SQLITE_OK) {
+        std::cerr << message << "\n" << sql << "\n";
+        std::exit(1);
+    }
+}
+
+// Every statement counts on `people`, a table of the numbers 1 to n.
+const char* const company[] = {
+    "INSERT INTO PRControl (PRCFCurrentYear, PRCFPensionAfterTax) VALUES (17, 0)",
+    "INSERT INTO PRYearEnds (PRYEYear, PRYEDate) VALUES (16, 42465)",
+    "INSERT INTO PensionSchemes (PSID, PSDesc, PSDeductionsType, PSSchemeAppliesTaxRelief, "
+    "PSDefEE, PSDefER) VALUES (1, 'Works scheme', 1, -1, 5, 3)",
+    "INSERT INTO Customers (NAID, NASeq, NABusName, NAUserRef, NAAdd1, NAAdd2, NAVillage, NATown, "
+    "NACounty, NAPostCode, NACountry, NAEMailADD) SELECT n, 'W' || n % 97, 'Mr Alan Worker ' || n, "
+    "'WRK' || n, n || ' High Street', 'Upper Side', '', 'Leeds', 'West Yorkshire', 'LS1 4AP', "
+    "'England', 'worker' || n || '@example.org' FROM people",
+    "INSERT INTO PREmployeeDetails (PRENAID, PREPYEmployCount, PRENINO, PRESex, PREDoB, "
+    "PREOriginallyJoined, PREPayFrequency, PRENITable, PRETaxCode, PREGroup, PREHourlyPaid, "
+    "PREStdHourlyRate, PREStdPeriodRate, PREHDays, PRENormHours1, PRENormHours2, PRENormHours3, "
+    "PREPenWorkplaceSchemeID, PREPenWorkplaceUseSchemeRates) SELECT n, 1, 'QQ' || "
+    "printf('%06d', n) || 'A', 'M', 30000 + n % 9000, 40000, 1, 'A', '1100L', n % 5, 0, 0, 412.5, "
+    "28, 8, 8, 8, n % 2, -1 FROM people",
+    "INSERT INTO PREmployments (PRTNAID, PRTPayrollYear, PRTPYEmployCount, PRTStartWeekNo, "
+    "PRTStartDate, PRTEndDateLong, PRTType, PRTContinuation, PRTAEStatus) SELECT n, 17, 1, 0, "
+    "42466, 0, 1, 0, 'Eligible' FROM people",
+    "WITH RECURSIVE weeks(w) AS (SELECT 1 UNION ALL SELECT w + 1 FROM weeks WHERE w < 51) "
+    "INSERT INTO PRPay (PRPNAID, PRPPayrollYear, PRPPYEmployCount, PRPWeekNo, PRPPaymentPeriod, "
+    "PRPPayDate, PRPRTIPayDate, PRPEPEDate, PRPNExpPayDate, PRPNExpEPEDate, PRPPeriodUpdated, "
+    "PRPHasBeenVisited, PRPCalculationUsed, PRPStatus, PRPAEStatus, PRPPeriodPaid, PRPPeriodPay, "
+    "PRPNITable, PRPTaxCode, PRPWorksNo) SELECT n, 17, 1, w, 1, 42465 + 7 * w, 42465 + 7 * w, "
+    "42463 + 7 * w, 42472 + 7 * w, 42470 + 7 * w, -1, -1, 34, 3, 'Eligible', -1, 412.5, 'A', "
+    "'1100L', 'WRK' || n FROM people, weeks ORDER BY w, n",
+};
+
+}  // namespace
+
+sqlite3* openBare(const std::string& path) {
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) !=
+        SQLITE_OK) {
+        std::cerr << path << ": " << sqlite3_errmsg(db) << "\n";
+        std::exit(1);
+    }
+    execute(db, "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL");
+    return db;
+}
+
+void layDownCompany(const std::string& path, std::int32_t employees) {
+    for (const char* tail : {"", "-wal", "-shm"}) std::filesystem::remove(path + tail);
+    ledgerwick::sqlite::SqliteDatabase::open(path)->createSchema();
+    sqlite3* db = openBare(path);
+    execute(db, "BEGIN");
+    execute(db,
+            ("CREATE TEMP TABLE people AS WITH RECURSIVE p(n) AS (SELECT 1 UNION ALL SELECT n + "
+             "1 FROM p WHERE n < " +
+             std::to_string(employees) + ") SELECT n FROM p")
+                .c_str());
+    for (const char* statement : company) execute(db, statement);
+    execute(db, "COMMIT");
+    execute(db, "PRAGMA wal_checkpoint(TRUNCATE)");
+    sqlite3_close(db);
+}
+
+}  // namespace bench

@@ -1,0 +1,25 @@
+# Run with -DBUILD -DSOURCE -DCONFIG -DCOMPILER [-DSANITIZE].
+set(prefix ${BUILD}/tests/install/prefix)
+set(host ${BUILD}/tests/install/host)
+file(REMOVE_RECURSE ${prefix} ${host})
+
+function(must)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${ARGN}\n${output}")
+  endif()
+  set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+must(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
+set(flags "")
+if(SANITIZE)
+  set(flags "-fsanitize=${SANITIZE}")
+endif()
+must(${CMAKE_COMMAND} -S ${SOURCE}/examples/host -B ${host} -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
+     -DCMAKE_BUILD_TYPE=${CONFIG} -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${flags})
+must(${CMAKE_COMMAND} --build ${host})
+must(${host}/example_host ${host}/company.db)
+if(NOT output MATCHES "1 employee is due on 08/04/2016")
+  message(FATAL_ERROR "The example host said:\n${output}")
+endif()
