@@ -46,9 +46,16 @@ std::unique_ptr<HostSession> openCompany(const Context& context, const std::stri
     settings.messages = [&err = context.err](const std::string& caption, const std::string& text) {
         err << caption << ": " << text << '\n';
     };
-    auto session = std::make_unique<HostSession>(path, context.today(), std::move(settings));
+    // A power cut takes no more than the operation that was running and had not reported yet.
+    const auto database =
+        sqlite::SqliteDatabase::open(path, {.durability = sqlite::Durability::Batched});
+    auto session = std::make_unique<HostSession>(database, context.today(), std::move(settings));
     session->list().LoadEmployees(std::make_shared<TerminalLabel>());
     return session;
+}
+
+sqlite::SqliteDatabase& storeOf(HostSession& session) {
+    return dynamic_cast<sqlite::SqliteDatabase&>(session.database());
 }
 
 std::shared_ptr<cEmployee> employeeOf(HostSession& session, std::int32_t naid) {

@@ -11,6 +11,7 @@
 
 #include "app/report.h"
 #include "hostkit/services/host_session.h"
+#include "hostkit/sqlite/database.h"
 #include "ledgerwick/ledgerwick.h"
 
 namespace ledgerwick::app {
@@ -49,6 +50,9 @@ struct Context {
 // Errors: Refusal when there is no such file.
 std::unique_ptr<HostSession> openCompany(const Context& context, const std::string& path,
                                          const std::string& programPath = {});
+
+// The file behind a session, for a step of the host that is stored whole or not at all.
+sqlite::SqliteDatabase& storeOf(HostSession& session);
 
 // The employee of that number.
 // Errors: Refusal when the company has none.

@@ -128,7 +128,7 @@ void runAdd(const Context& context, const AddOptions& options) {
         throw Refusal("employee " + std::to_string(options.naid) +
                       " has an employment of this year that has not ended");
     }
-    inOneBatch(session->database(), [&] {
+    storeOf(*session).inTransaction([&] {
         storeCount(session->database(), options.naid, nextCount(*employee));
         session->payroll().C_CreateNewEmploymentRecord(
             options.naid, session->payroll().C_CalcTaxWeek(options.start) - 1,

@@ -107,9 +107,11 @@ void clearImportedPay(HostSession& session, std::int32_t naid) {
                                failOnError);
 }
 
+// Closes the rows of one employee whole or not at all: a closed row whose imported pay stayed would
+// be paid twice.
 void closeEmployee(HostSession& session, cEmployee& employee, const std::vector<OpenRow>& rows,
                    Date payDate) {
-    inOneBatch(session.database(), [&] {
+    storeOf(session).inTransaction([&] {
         markCalculated(session, employee.NAID(), payDate);
         closePiecework(*employee.CurEmployment(), rows, payDate);
         session.payroll().C_UpdatePayPeriod(employee.NAID(), payDate);
@@ -197,7 +199,8 @@ Report openRun(HostSession& session, const Selection& selection) {
 Report showRun(HostSession& session, const Selection& selection) {
     const auto rows = openRows(session, selection);
     Report report;
-    report.say(counted(rows.size(), "open row") + " up to " + selection.payDate.toIso());
+    report.say(counted(static_cast<std::int64_t>(rows.size()), "open row") + " up to " +
+               selection.payDate.toIso());
     Table& table = report.table("open_rows", {"naid", "name", "pay_date", "to", "week", "period",
                                               "period_pay", "visited", "prpid"});
     for (const OpenRow& row : rows) {

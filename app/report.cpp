@@ -124,6 +124,7 @@ void printCsv(std::ostream& out, const Table& table) {
     writer.row(table.columns());
     for (const auto& row : table.rows()) {
         std::vector<std::string> cells;
+        cells.reserve(row.size());
         for (const Variant& value : row) cells.push_back(machineText(value));
         writer.row(cells);
     }
@@ -221,11 +222,13 @@ std::string readable(const Variant& value) {
 
 Table& addResult(Report& report, const std::string& name, ResultTable& result) {
     std::vector<std::string> columns;
+    columns.reserve(static_cast<std::size_t>(result.FieldCount()));
     for (std::int32_t i = 0; i < result.FieldCount(); ++i) columns.push_back(result.Field(i).name);
     Table& table = report.table(name, columns);
     if (result.RecordCount() == 0) return table;
     for (result.MoveFirst(); !result.Eof(); result.MoveNext()) {
         std::vector<Variant> row;
+        row.reserve(columns.size());
         for (const std::string& column : columns) row.push_back(result.Fields(column));
         table.add(std::move(row));
     }

@@ -186,6 +186,7 @@ std::vector<TableLayout> companyTables(sqlite::SqliteDatabase& database) {
     // Imported pay stays until its run is closed, over as many calls of the command as that takes.
     if (!database.tableExists("PRPayImport")) database.createPayImportTable(true);
     std::vector<TableLayout> layouts;
+    layouts.reserve(tableNames.size());
     for (const TableName& table : tableNames) layouts.push_back(layoutOf(database, table));
     return layouts;
 }
