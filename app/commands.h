@@ -10,10 +10,10 @@ namespace ledgerwick::app {
 
 struct Context;
 
-void addCompanyCommands(CLI::App& app, Context& context);     // new, import, export
-void addQueryCommands(CLI::App& app, Context& context);       // calendar, employees, employee, due
-void addRunCommands(CLI::App& app, Context& context);         // run open, show, close; fill
-void addEmploymentCommands(CLI::App& app, Context& context);  // employment add
+void addCompanyCommands(CLI::App& app, Context& context);  // new, import, export
+void addQueryCommands(CLI::App& app, Context& context);  // calendar, employees, employee, rows, due
+void addRunCommands(CLI::App& app, Context& context);    // run open, show, close; fill
+void addEmploymentCommands(CLI::App& app, Context& context);  // employment add, next
 void addAutoEnrolCommands(CLI::App& app, Context& context);   // ae ...
 void addDemoCommand(CLI::App& app, Context& context);         // demo
 

@@ -32,14 +32,8 @@ Date dayOfClock() {
     return Date::fromYmd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
 }
 
-}  // namespace
-
-Date Context::today() const {
-    return fixedToday ? *fixedToday : dayOfClock();
-}
-
-std::unique_ptr<HostSession> openCompany(const Context& context, const std::string& path,
-                                         const std::string& programPath) {
+std::unique_ptr<HostSession> openUnloaded(const Context& context, const std::string& path,
+                                          const std::string& programPath) {
     if (!std::filesystem::exists(path)) throw Refusal("there is no database " + path);
     HostSettings settings;
     settings.programPath = programPath;
@@ -49,8 +43,47 @@ std::unique_ptr<HostSession> openCompany(const Context& context, const std::stri
     // A power cut takes no more than the operation that was running and had not reported yet.
     const auto database =
         sqlite::SqliteDatabase::open(path, {.durability = sqlite::Durability::Batched});
-    auto session = std::make_unique<HostSession>(database, context.today(), std::move(settings));
+    return std::make_unique<HostSession>(database, context.today(), std::move(settings));
+}
+
+bool hasNewcomers(Database& database) {
+    const auto rows = database.OpenRecordset(
+        R"(SELECT PRENAID
+           FROM PREmployeeDetails LEFT JOIN PREmployments
+           ON PREmployments.PRTNAID = PREmployeeDetails.PRENAID
+           WHERE PRTID IS NULL)",
+        RecordsetType::Snapshot);
+    const bool found = !rows->Eof();
+    rows->Close();
+    return found;
+}
+
+}  // namespace
+
+Date Context::today() const {
+    return fixedToday ? *fixedToday : dayOfClock();
+}
+
+std::unique_ptr<HostSession> openCompany(const Context& context, const std::string& path,
+                                         const std::string& programPath) {
+    auto session = openUnloaded(context, path, programPath);
     session->list().LoadEmployees(std::make_shared<TerminalLabel>());
+    return session;
+}
+
+std::unique_ptr<HostSession> openCompanyOfNewcomers(const Context& context,
+                                                    const std::string& path) {
+    auto session = openUnloaded(context, path, {});
+    if (!hasNewcomers(session->database())) {
+        session->list().LoadEmployees(std::make_shared<TerminalLabel>());
+        return session;
+    }
+    const auto rows = session->database().OpenRecordset(
+        "SELECT DISTINCT PRTNAID FROM PREmployments ORDER BY PRTNAID", RecordsetType::Snapshot);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        session->list().ReLoadEmployee(rows->GetInt32(field::PRTNAID));
+    }
+    rows->Close();
     return session;
 }
 

@@ -51,6 +51,11 @@ struct Context {
 std::unique_ptr<HostSession> openCompany(const Context& context, const std::string& path,
                                          const std::string& programPath = {});
 
+// The same for work on an employee who may have no employment yet, at whom a load would stop: only
+// those who have one are loaded.
+std::unique_ptr<HostSession> openCompanyOfNewcomers(const Context& context,
+                                                    const std::string& path);
+
 // The file behind a session, for a step of the host that is stored whole or not at all.
 sqlite::SqliteDatabase& storeOf(HostSession& session);
 

@@ -33,6 +33,13 @@ struct AddOptions {
     StarterForm form;
 };
 
+struct NextOptions {
+    std::string database;
+    std::int32_t naid = 0;
+    Date pay;
+    Date periodEnd;
+};
+
 const std::map<std::string, PRTAType> formNames{{"p38s", PRTAT_P38S},
                                                 {"p46", PRTAT_P46},
                                                 {"p45-1", PRTAT_P451},
@@ -107,10 +114,20 @@ Date firstPeriodEnd(HostSession& session, PR_Pay_Freq frequency, Date start) {
     return next;
 }
 
+// How often the employee of that number is paid, who may have no employment yet.
+PR_Pay_Freq frequencyOf(Database& database, std::int32_t naid) {
+    const auto rows = database.OpenRecordset(
+        "SELECT PREPayFrequency FROM PREmployeeDetails WHERE PRENAID = " + std::to_string(naid),
+        RecordsetType::Snapshot);
+    if (rows->Eof()) throw Refusal("there is no employee " + std::to_string(naid));
+    const auto frequency = static_cast<PR_Pay_Freq>(rows->GetInt16(field::PREPayFrequency));
+    rows->Close();
+    return frequency;
+}
+
 // The row from which the periods of the employment are counted: closed, without pay, and up to the
 // day before the start.
-void layDownStartingRow(HostSession& session, cEmployee& employee, const AddOptions& options) {
-    const auto frequency = static_cast<PR_Pay_Freq>(employee.PayFrequency());
+void layDownStartingRow(HostSession& session, PR_Pay_Freq frequency, const AddOptions& options) {
     const Date pay = options.firstPay.isSet() ? options.firstPay
                                               : firstPayDate(session, frequency, options.start);
     const Date end = options.firstPeriodEnd.isSet()
@@ -122,30 +139,66 @@ void layDownStartingRow(HostSession& session, cEmployee& employee, const AddOpti
 }
 
 void runAdd(const Context& context, const AddOptions& options) {
-    const auto session = openCompany(context, options.database);
-    const auto employee = employeeOf(*session, options.naid);
-    if (employee->Active()) {
+    const auto session = openCompanyOfNewcomers(context, options.database);
+    const PR_Pay_Freq frequency = frequencyOf(session->database(), options.naid);
+    const auto employee = session->list().GetEmployeeByNAID(options.naid);
+    if (employee && employee->Active()) {
         throw Refusal("employee " + std::to_string(options.naid) +
                       " has an employment of this year that has not ended");
     }
     storeOf(*session).inTransaction([&] {
-        storeCount(session->database(), options.naid, nextCount(*employee));
+        storeCount(session->database(), options.naid, employee ? nextCount(*employee) : 1);
         session->payroll().C_CreateNewEmploymentRecord(
             options.naid, session->payroll().C_CalcTaxWeek(options.start) - 1,
             options.casual ? PR_ET_Casual : PR_ET_Regular, options.start.toIso(),
             addInfo(options.form), options.continuation, options.aeStatus);
-        if (!options.casual) layDownStartingRow(*session, *employee, options);
+        if (!options.casual) layDownStartingRow(*session, frequency, options);
+        session->list().ReLoadEmployee(options.naid);
     });
-    session->list().ReLoadEmployee(options.naid);
-    const auto added = employeeOf(*session, options.naid)->MostRecentEmployment();
+    const auto taken = employeeOf(*session, options.naid);
+    const auto added = taken->MostRecentEmployment();
     Report report;
     report.say("Employment " + std::to_string(added->EmployCount()) + " of payroll year " +
-               std::to_string(added->PayrollYear()) + " added for " + employee->Name());
+               std::to_string(added->PayrollYear()) + " added for " + taken->Name());
     Table& table = report.table("employment", {"prtid", "payroll_year", "count", "start", "end",
                                                "next_pay", "next_period_end"});
     table.add({added->PRTID(), added->PayrollYear(), added->EmployCount(), added->PRTStartDate(),
                added->EndDate(), added->NExpPayDate(), added->NExpEPEDate()});
     context.show(report);
+}
+
+// The dates stand in the last closed row, from which the next run counts.
+void runNext(const Context& context, const NextOptions& options) {
+    const auto session = openCompany(context, options.database);
+    const auto employee = employeeOf(*session, options.naid);
+    const auto employment = employee->CurEmployment();
+    if (employment->LastUD_PRPID() == 0) {
+        throw Refusal("employee " + std::to_string(options.naid) +
+                      " has no closed pay row of a current employment");
+    }
+    if (options.pay.isSet()) employment->NExpPayDate(options.pay);
+    if (options.periodEnd.isSet()) employment->NExpEPEDate(options.periodEnd);
+    Report report;
+    report.say(employee->Name() + " is paid next on " + employment->NExpPayDate().toIso() +
+               ", up to " + employment->NExpEPEDate().toIso());
+    report.fact("next_pay", employment->NExpPayDate());
+    report.fact("next_period_end", employment->NExpEPEDate());
+    context.show(report);
+}
+
+void addNextCommand(CLI::App& employment, Context& context) {
+    const auto options = std::make_shared<NextOptions>();
+    auto* next = employment.add_subcommand(
+        "next", "Move the dates that are expected next, to skip a period or change the pay day");
+    addDatabase(*next, options->database);
+    next->add_option("--employee", options->naid, "The number of the employee")->required();
+    auto* dates = next->add_option_group("dates", "What to move");
+    addDate(*dates, "--pay", options->pay, "Pay falls due next on this date");
+    addDate(*dates, "--period-end", options->periodEnd, "The next pay period ends on this date");
+    dates->require_option(1, 2);
+    next->callback([&context, options] {
+        context.action = [&context, options] { runNext(context, *options); };
+    });
 }
 
 void addFormOptions(CLI::App& command, StarterForm& form) {
@@ -188,6 +241,7 @@ void addEmploymentCommands(CLI::App& app, Context& context) {
     add->callback([&context, options] {
         context.action = [&context, options] { runAdd(context, *options); };
     });
+    addNextCommand(*employment, context);
 }
 
 }  // namespace ledgerwick::app

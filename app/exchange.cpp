@@ -238,7 +238,7 @@ constexpr Link links[] = {
     {R"(SELECT PRENAID AS RowKey
         FROM PREmployeeDetails LEFT JOIN PREmployments ON PREmployments.PRTNAID = PREmployeeDetails.PRENAID
         WHERE PRTID IS NULL)",
-     "employee", "has no employment"},
+     "employee", "has no employment; `employment add` lays one down"},
     {R"(SELECT PRPID AS RowKey
         FROM PRPay LEFT JOIN PREmployments
         ON PREmployments.PRTNAID = PRPay.PRPNAID

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <vector>
 
 #include "app/context.h"
@@ -129,10 +130,14 @@ std::int32_t highestPayRow(HostSession& session) {
 }
 
 void tellNothingDue(HostSession& session, const Selection& selection, Report& report) {
-    bool none = false;
-    const Date next = session.payroll().C_Next_Expected_Pay_Date(&none, selection.frequency);
+    std::optional<Date> next;
+    for (const auto& employee : session.list().Employees()) {
+        if (!isRegular(*employee) || !isSelected(*employee, selection)) continue;
+        const Date due = employee->CurEmployment()->NExpPayDate();
+        if (!next || due < *next) next = due;
+    }
     std::string sentence = "Nothing is due up to " + selection.payDate.toIso() + ".";
-    if (!none) sentence += " Pay falls due next on " + next.toIso() + ".";
+    if (next) sentence += " Pay falls due next on " + next->toIso() + ".";
     report.say(sentence);
 }
 

@@ -15,6 +15,7 @@ struct QueryOptions {
     std::string database;
     Date date;
     std::int32_t naid = 0;
+    std::int32_t year = 0;
     std::int16_t startDay = 0;
 };
 
@@ -130,6 +131,32 @@ void runEmployee(const Context& context, const QueryOptions& options) {
     context.show(report);
 }
 
+void runRows(const Context& context, const QueryOptions& options) {
+    const auto session = openCompany(context, options.database);
+    const auto employee = employeeOf(*session, options.naid);
+    const std::int32_t year = options.year != 0 ? options.year : DLLGlobal::currentPayrollYear();
+    Report report;
+    Table table("rows",
+                {"prpid", "count", "week", "period", "pay_date", "to", "closed", "calculation",
+                 "hours", "period_pay", "next_pay", "next_period_end", "late_reason"});
+    const auto rows = OpenPaymentsRS(employee->NAID(), 0, year);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        table.add({rows->GetInt32(field::PRPID), rows->GetInt32(field::PRPPYEmployCount),
+                   rows->GetInt16(field::PRPWeekNo), rows->GetInt32(field::PRPPaymentPeriod),
+                   rows->GetDate(field::PRPPayDate), rows->GetDate(field::PRPEPEDate),
+                   rows->GetBoolean(field::PRPPeriodUpdated),
+                   rows->GetInt32(field::PRPCalculationUsed), rows->GetDouble(field::PRPStdHours),
+                   rows->GetCurrency(field::PRPPeriodPay), rows->GetDate(field::PRPNExpPayDate),
+                   rows->GetDate(field::PRPNExpEPEDate), rows->GetText(field::PRPRTILateReason)});
+    }
+    rows->Close();
+    report.say(employee->Name() + ": " +
+               counted(static_cast<std::int64_t>(table.rows().size()), "row") +
+               " in payroll year " + std::to_string(year));
+    report.table(std::move(table));
+    context.show(report);
+}
+
 void runDue(const Context& context, const QueryOptions& options) {
     const auto session = openCompany(context, options.database);
     const Date upTo =
@@ -162,6 +189,12 @@ void addQueryCommands(CLI::App& app, Context& context) {
     addDatabase(*employee, options->database);
     employee->add_option("NAID", options->naid, "The number of the employee")->required();
     choose(employee, runEmployee);
+
+    auto* rows = app.add_subcommand("rows", "The pay rows of one employee in a payroll year");
+    addDatabase(*rows, options->database);
+    rows->add_option("NAID", options->naid, "The number of the employee")->required();
+    rows->add_option("--year", options->year, "Payroll year number; else the current one");
+    choose(rows, runRows);
 
     auto* due = app.add_subcommand("due", "Whose pay falls due, and how many periods");
     addDatabase(*due, options->database);

@@ -225,7 +225,8 @@ TEST_F(Exchange, RowsThatALoadWouldStumbleOverAreNamed) {
     EXPECT_EQ(faults(), "");
     EXPECT_THAT(
         brokenLinks(*database_),
-        ElementsAre("employee 3 has no row in Customers", "employee 2 has no employment",
+        ElementsAre("employee 3 has no row in Customers",
+                    "employee 2 has no employment; `employment add` lays one down",
                     "pay row 2 has no employment", "imported pay of 9 belongs to no employee"));
 }
 
