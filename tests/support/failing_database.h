@@ -79,8 +79,11 @@ class FailingDatabase : public Database {
     // The write of that number from now on fails with 3146; those after it work again.
     void failAtWrite(int write) { counter_->failAt(write); }
     int writes() const { return counter_->writes(); }
+    // How many sets of records were opened by their statement.
+    int opened() const noexcept { return opened_; }
 
     RecordsetRef OpenRecordset(std::string_view sql, RecordsetType type, FieldList reads) override {
+        ++opened_;
         return std::make_shared<FailingRecordset>(real_.OpenRecordset(sql, type, reads), counter_);
     }
     void Execute(std::string_view sql, std::int32_t option) override {
@@ -95,6 +98,7 @@ class FailingDatabase : public Database {
 
   private:
     Database& real_;
+    int opened_ = 0;
     std::shared_ptr<WriteCounter> counter_ = std::make_shared<WriteCounter>();
 };
 
