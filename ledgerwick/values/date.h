@@ -94,7 +94,7 @@ class LEDGERWICK_API Date {
     }
     // Keeps the day of the month, or takes the last day of a shorter month.
     constexpr Date addMonths(std::int64_t months) const {
-        constexpr std::int64_t wholeRange = 12 * 10000;
+        constexpr std::int64_t wholeRange = 120000;  // ten thousand years
         if (months > wholeRange || months < -wholeRange) raise(error_number::overflow, "Date");
         const Ymd from = ymd();
         const std::int64_t moved = std::int64_t{from.year} * 12 + (from.month - 1) + months;
