@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "ledgerwick/shell/schema.h"
-#include "ledgerwick/values/error.h"
+#include "tests/support/errors.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/rows.h"
 
@@ -16,10 +16,10 @@ using test::closedPayRow;
 using test::CriticalMessage;
 using test::employmentRow;
 using test::FakeHost;
+using test::raisedBy;
 using test::Row;
 using test::Rows;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class EmploymentRecord : public testing::Test {
   protected:
@@ -51,10 +51,15 @@ TEST_F(EmploymentRecord, IsFilledFromItsRow) {
     EXPECT_EQ(employment.EndDate(), Date::fromYmd(2016, 4, 29));
     EXPECT_EQ(employment.AEStatusStart(), "Entitled worker");
     EXPECT_EQ(employment.AEStatusCur(), "Entitled worker");
-    EXPECT_TRUE(employment.AEContinuation());
-    EXPECT_FALSE(employment.Continuation());
+    EXPECT_TRUE(employment.AEContinuation() && !employment.Continuation());
     EXPECT_TRUE(employment.Casual());
     EXPECT_FALSE(employment.StartDate().isSet());
+
+    cEmployment stopped;
+    Rows rows{employmentRow().with(field::PRTEndDateLong, Null)};
+    EXPECT_EQ(raisedBy([&] { stopped.CreateEmployment(rows); }), error_number::invalidUseOfNull);
+    EXPECT_TRUE(stopped.PRTStartDate().isSet());
+    EXPECT_EQ(stopped.EmpType(), 0);
 }
 
 TEST_F(EmploymentRecord, IsActiveWhenOpenInTheCurrentPayrollYear) {
@@ -64,31 +69,16 @@ TEST_F(EmploymentRecord, IsActiveWhenOpenInTheCurrentPayrollYear) {
         Variant currentYear;
         bool active;
     };
-    const Case cases[] = {
-        {17, 0, 17, true},  {17, 0, 17.0, true}, {17, 42489, 17, false},
-        {16, 0, 17, false}, {18, 0, 17, false},  {17, 0, Null, false},
-    };
+    const Case cases[] = {{17, 0, 17, true},  {17, 0, 17.0, true}, {17, 42489, 17, false},
+                          {16, 0, 17, false}, {18, 0, 17, false},  {17, 0, Null, false}};
     for (const Case& c : cases) {
         host.state->currentYear = c.currentYear;
-        Rows rows{employmentRow()
-                      .with(field::PRTPayrollYear, c.year)
-                      .with(field::PRTEndDateLong, c.endDate)};
-        cEmployment fresh;
-        fresh.CreateEmployment(rows);
-        EXPECT_EQ(fresh.Active(), c.active) << "year " << c.year << ", end " << c.endDate;
-        EXPECT_EQ(fresh.EndDate().isSet(), c.endDate != 0);
+        employment = cEmployment();
+        create(employmentRow()
+                   .with(field::PRTPayrollYear, c.year)
+                   .with(field::PRTEndDateLong, c.endDate));
+        EXPECT_EQ(employment.Active(), c.active) << "year " << c.year << ", end " << c.endDate;
     }
-}
-
-TEST_F(EmploymentRecord, NullStopsTheFillWhereItIsRead) {
-    try {
-        create(employmentRow().with(field::PRTEndDateLong, Null));
-        FAIL() << "a Null end date is read as a number";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), error_number::invalidUseOfNull);
-    }
-    EXPECT_EQ(employment.PRTStartDate(), Date::fromYmd(2015, 4, 6));
-    EXPECT_EQ(employment.EmpType(), 0);
 }
 
 TEST_F(EmploymentRecord, IsVoidWhenItEndedWithoutACalculatedRow) {
@@ -102,34 +92,28 @@ TEST_F(EmploymentRecord, IsVoidWhenItEndedWithoutACalculatedRow) {
     EXPECT_FALSE(employment.IsVoid());
 }
 
-TEST_F(EmploymentRecord, NewEndOfPeriodIsWrittenToTheLastClosedRow) {
+TEST_F(EmploymentRecord, NewDatesAreWrittenToTheLastClosedRowOrNotKept) {
     const Date date = Date::fromYmd(2016, 4, 20);
-    addPayment(closedPayRow(1));
-    employment.NExpEPEDate(Date());
-    EXPECT_THAT(host.state->database.executed(), IsEmpty());
-
-    employment.NExpEPEDate(date);
-    EXPECT_EQ(employment.NExpEPEDate(), date);
-    ASSERT_EQ(host.state->database.executed().size(), 1u);
-    EXPECT_THAT(host.state->database.executed().front(), testing::HasSubstr("PRPNExpEPEDate"));
-    EXPECT_THAT(host.state->database.executed().front(), testing::EndsWith("PRPID = 101"));
-}
-
-TEST_F(EmploymentRecord, DateThatCannotBeWrittenIsNotKept) {
     employment.EmpType(PR_ET_Casual);
     addPayment(closedPayRow(1));
     const Date before = employment.NExpPayDate();
     host.state->database.failNextExecute(error_number::databaseError);
-    employment.NExpPayDate(before.addDays(1));
+    employment.NExpPayDate(date);
     EXPECT_EQ(employment.NExpPayDate(), before);
-
     host.state->database.failNextExecute(error_number::databaseError);
-    employment.NExpEPEDate(before);
+    employment.NExpEPEDate(date);
     EXPECT_FALSE(employment.NExpEPEDate().isSet());
     EXPECT_THAT(
         host.state->messages,
         ElementsAre(CriticalMessage{"Fernbank Payroll - Error", "Unable to set Next Pay Date!"},
                     CriticalMessage{"Fernbank Payroll - Error", "Unable to set Next EPE Date!"}));
+
+    employment.NExpEPEDate(Date());  // it holds that already
+    EXPECT_EQ(host.state->database.executed().size(), 2u);
+    employment.NExpEPEDate(date);
+    EXPECT_EQ(employment.NExpEPEDate(), date);
+    EXPECT_THAT(host.state->database.executed().back(), testing::HasSubstr("PRPNExpEPEDate"));
+    EXPECT_THAT(host.state->database.executed().back(), testing::EndsWith("PRPID = 101"));
 }
 
 }  // namespace
