@@ -22,20 +22,10 @@ constexpr int monthlyPayDay = 28;
 constexpr std::int32_t calculationUsed = 34;
 constexpr std::int32_t reportedStatus = 3;
 
-std::string number(std::int32_t value) {
-    return std::to_string(value);
-}
-std::string number(double value) {
-    return numberText(value);
-}
-std::string number(Date date) {
-    return numberText(date.serial());
-}
-std::string boolean(bool value) {
-    return value ? "-1" : "0";
-}
-std::string text(std::string_view value) {
-    return "'" + replaceAll(value, "'", "''") + "'";
+// A value as SQLite keeps it.
+std::string literal(const Variant& value) {
+    if (value.kind() == VariantKind::Text) return "'" + replaceAll(value.toText(), "'", "''") + "'";
+    return numberText(value.toDouble());
 }
 
 Date firstDay(std::int32_t payrollYear) {
@@ -77,75 +67,72 @@ Person& Person::set(std::string_view table, std::string_view columns, const std:
 }
 
 Person& Person::customer(std::string_view columns) {
-    return set("Customers", columns, "NAID = " + number(naid_));
+    return set("Customers", columns, "NAID = " + literal(naid_));
 }
 
 Person& Person::details(std::string_view columns) {
-    return set("PREmployeeDetails", columns, "PRENAID = " + number(naid_));
+    return set("PREmployeeDetails", columns, "PRENAID = " + literal(naid_));
 }
 
 Person& Person::row(std::string_view columns) {
-    return set("PREmployments", columns, "PRTID = " + number(prtid_));
+    return set("PREmployments", columns, "PRTID = " + literal(prtid_));
 }
 
 Person& Person::pay(std::string_view columns) {
     return set("PRPay", columns,
-               statement("PRPID >= @ AND PRPNAID = @", {number(firstPRPID_), number(naid_)}));
+               statement("PRPID >= @ AND PRPNAID = @", {literal(firstPRPID_), literal(naid_)}));
 }
 
 Person& Person::named(std::string_view name) {
-    return customer("NABusName = " + text(name));
+    return customer("NABusName = " + literal(name));
 }
 
 Person& Person::nino(std::string_view number) {
-    return details("PRENINO = " + text(number));
+    return details("PRENINO = " + literal(number));
 }
 
 Person& Person::originallyJoined(std::string_view date) {
-    return details("PREOriginallyJoined = " + number(day(date)));
+    return details("PREOriginallyJoined = " + literal(day(date)));
 }
 
 Person& Person::inScheme(std::int32_t psid, bool useSchemeRates) {
     return details(statement("PREPenWorkplaceSchemeID = @, PREPenWorkplaceUseSchemeRates = @",
-                             {number(psid), boolean(useSchemeRates)}));
+                             {literal(psid), literal(useSchemeRates)}));
 }
 
 Person& Person::paid(PR_Pay_Freq frequency) {
     frequency_ = frequency;
-    return details("PREPayFrequency = " + number(std::int32_t{frequency}));
+    return details("PREPayFrequency = " + literal(std::int32_t{frequency}));
 }
 
 Person& Person::employment(std::int32_t payrollYear, std::int32_t count) {
     payrollYear_ = payrollYear;
     count_ = count;
     prtid_ = naid_ * 10 + employments_++;
-    company_.exec(statement(
-        R"(INSERT INTO PREmployments
-             (PRTID, PRTNAID, PRTPayrollYear, PRTPYEmployCount, PRTStartDate, PRTType)
-           VALUES (@, @, @, @, @, @))",
-        {number(prtid_), number(naid_), number(payrollYear), number(count),
-         number(firstDay(payrollYear)), number(std::int32_t{PR_ET_Regular})}));
-    return details("PREPYEmployCount = " + number(count));
+    company_.insert(
+        "PREmployments (PRTID, PRTNAID, PRTPayrollYear, PRTPYEmployCount, PRTStartDate, PRTType)",
+        {prtid_, naid_, payrollYear, count, firstDay(payrollYear), std::int32_t{PR_ET_Regular}});
+    return details("PREPYEmployCount = " + literal(count));
 }
 
 Person& Person::withoutEmployment() {
-    company_.exec("DELETE FROM PREmployments WHERE PRTNAID = " + number(naid_));
+    company_.exec("DELETE FROM PREmployments WHERE PRTNAID = " + literal(naid_));
     employments_ = 0;
     return *this;
 }
 
 Person& Person::casual() {
-    row("PRTType = " + number(std::int32_t{PR_ET_Casual}));
+    row("PRTType = " + literal(std::int32_t{PR_ET_Casual}));
     return paid(PFREQ_Casual);
 }
 
 Person& Person::started(std::string_view date) {
-    row("PRTStartDate = " + number(day(date)));
+    row("PRTStartDate = " + literal(day(date)));
     return employments_ == 1 ? originallyJoined(date) : *this;
 }
 
 Person& Person::left(std::string_view date) {
-    return row("PRTEndDateLong = " + number(day(date).dayNumber()));
+    return row("PRTEndDateLong = " + literal(day(date).dayNumber()));
 }
 
 Person& Person::closed(Periods periods) {
@@ -169,36 +156,16 @@ Person& Person::lay(Periods periods, bool closed) {
     return *this;
 }
 
-Person& Person::starting(std::int32_t weekNo) {
-    firstPRPID_ = 0;
-    addPayRow(weekNo, 0, datesOf(PFREQ_1Weekly, payrollYear_, weekNo), true);
-    return pay("PRPCalculationUsed = 0, PRPStatus = 0");
-}
-
 void Person::addPayRow(std::int32_t weekNo, std::int32_t paymentPeriod, const PeriodDates& dates,
                        bool closed) {
-    company_.exec(statement(
-        R"(INSERT INTO PRPay
-             (PRPNAID, PRPPayrollYear, PRPPYEmployCount, PRPWeekNo, PRPPaymentPeriod,
-              PRPPayDate, PRPRTIPayDate, PRPEPEDate, PRPNExpPayDate, PRPNExpEPEDate,
-              PRPPeriodUpdated, PRPCalculationUsed, PRPStatus)
-           VALUES (@, @, @, @, @, @, @, @, @, @, @, @, @))",
-        {number(naid_), number(payrollYear_), number(count_), number(weekNo), number(paymentPeriod),
-         number(dates.payDate), number(dates.payDate), number(dates.epeDate),
-         number(dates.nextPayDate), number(dates.nextEPEDate), boolean(closed),
-         number(calculationUsed), number(closed ? reportedStatus : 0)}));
+    company_.insert(
+        R"(PRPay (PRPNAID, PRPPayrollYear, PRPPYEmployCount, PRPWeekNo, PRPPaymentPeriod,
+                  PRPPayDate, PRPRTIPayDate, PRPEPEDate, PRPNExpPayDate, PRPNExpEPEDate,
+                  PRPPeriodUpdated, PRPCalculationUsed, PRPStatus))",
+        {naid_, payrollYear_, count_, weekNo, paymentPeriod, dates.payDate, dates.payDate,
+         dates.epeDate, dates.nextPayDate, dates.nextEPEDate, closed, calculationUsed,
+         closed ? reportedStatus : 0});
     if (firstPRPID_ == 0) firstPRPID_ = company_.value("max(PRPID)", "PRPay").toInt32();
-}
-
-// ---- host ---------------------------------------------------------------------------------------
-
-bool CompanyDataAccess::TempTableExists(std::string_view name) {
-    return database_->tableExists(name);
-}
-
-void CompanyDataAccess::NoNullRecordLine(RecordsetRef& recordset) {
-    ++rowsShown;
-    if (replacement) recordset = replacement;
 }
 
 // ---- company ------------------------------------------------------------------------------------
@@ -223,10 +190,9 @@ Company& Company::year(std::int32_t payrollYear) {
     year_ = payrollYear;
     exec("DELETE FROM PRControl");
     exec("DELETE FROM PRYearEnds");
-    exec("INSERT INTO PRControl (PRCFCurrentYear) VALUES (" + number(payrollYear) + ")");
+    insert("PRControl (PRCFCurrentYear)", {payrollYear});
     for (const std::int32_t ended : {payrollYear - 1, payrollYear})
-        exec(statement("INSERT INTO PRYearEnds (PRYEYear, PRYEDate) VALUES (@, @)",
-                       {number(ended), number(firstDay(ended + 1).addDays(-1))}));
+        insert("PRYearEnds (PRYEYear, PRYEDate)", {ended, firstDay(ended + 1).addDays(-1)});
     return *this;
 }
 
@@ -240,8 +206,8 @@ Company& Company::parameter(std::string_view name, std::int32_t value) {
     if (session_) {
         session_->parameters().Set(name, value);
     } else {
-        exec(statement("INSERT OR REPLACE INTO Parameters (ParName, ParValue) VALUES (@, @)",
-                       {text(name), text(number(value))}));
+        exec(statement("DELETE FROM Parameters WHERE ParName = @", {literal(name)}));
+        insert("Parameters (ParName, ParValue)", {name, std::to_string(value)});
     }
     return *this;
 }
@@ -250,10 +216,9 @@ Person& Company::employee(std::int32_t naid) {
     for (const auto& person : people_)
         if (person->naid_ == naid) return *person;
 
-    exec(statement("INSERT INTO Customers (NAID, NASeq, NABusName) VALUES (@, @, @)",
-                   {number(naid), text("E" + number(naid)), text("Employee " + number(naid))}));
-    exec(statement("INSERT INTO PREmployeeDetails (PRENAID, PREOriginallyJoined) VALUES (@, @)",
-                   {number(naid), number(firstDay(year_))}));
+    const std::string number = std::to_string(naid);
+    insert("Customers (NAID, NASeq, NABusName)", {naid, "E" + number, "Employee " + number});
+    insert("PREmployeeDetails (PRENAID, PREOriginallyJoined)", {naid, firstDay(year_)});
     people_.push_back(std::unique_ptr<Person>(new Person(*this, naid)));
     return people_.back()->weekly().employment(year_);
 }
@@ -261,36 +226,34 @@ Person& Company::employee(std::int32_t naid) {
 Company& Company::scheme(std::int32_t psid, std::string_view description, double employeePercent,
                          double employerPercent, std::int32_t deductionsType,
                          bool appliesTaxRelief) {
-    return exec(
-        statement("INSERT INTO PensionSchemes VALUES (@, @, @, @, @, @)",
-                  {number(psid), text(description), number(deductionsType),
-                   boolean(appliesTaxRelief), number(employeePercent), number(employerPercent)}));
+    return insert("PensionSchemes", {psid, description, deductionsType, appliesTaxRelief,
+                                     employeePercent, employerPercent});
 }
 
 Company& Company::importedPay(std::int32_t naid, double pay) {
     if (!database_->tableExists("PRPayImport")) database_->createPayImportTable();
-    return exec(statement("INSERT INTO PRPayImport (PRPINAID, PRPIPay) VALUES (@, @)",
-                          {number(naid), number(pay)}));
+    return insert("PRPayImport (PRPINAID, PRPIPay)", {naid, pay});
 }
 
 Company& Company::item(std::int32_t dsid, std::string_view description, double conversion,
                        std::string_view unitOfPurchase) {
-    const std::string unit = number(++units_);
-    exec(statement("INSERT INTO UoM (UoMNo, UoMCode) VALUES (@, @)", {unit, text(unitOfPurchase)}));
-    return exec(statement(
-        "INSERT INTO Deadstock (DSIDNo, DSDesc, DSUoMConv, DSPurchUoM) VALUES (@, @, @, @)",
-        {number(dsid), text(description), number(conversion), unit}));
+    insert("UoM (UoMNo, UoMCode)", {++units_, unitOfPurchase});
+    return insert("Deadstock (DSIDNo, DSDesc, DSUoMConv, DSPurchUoM)",
+                  {dsid, description, conversion, units_});
 }
 
 Company& Company::order(std::int32_t ordId, std::int32_t naid, std::int32_t dsid,
                         std::string_view date, double quantity, double price, std::int32_t status,
                         double discount) {
-    return exec(statement(
-        R"(INSERT INTO Orders
-             (OrdID, OrdNAID, OrdDSID, OrdActionDate, OrdQty, OrdPrice, OrdDiscount, OrdStatus)
-           VALUES (@, @, @, @, @, @, @, @))",
-        {number(ordId), number(naid), number(dsid), number(day(date)), number(quantity),
-         number(price), number(discount), number(status)}));
+    return insert(
+        "Orders (OrdID, OrdNAID, OrdDSID, OrdActionDate, OrdQty, OrdPrice, OrdDiscount, OrdStatus)",
+        {ordId, naid, dsid, day(date), quantity, price, discount, status});
+}
+
+Company& Company::insert(std::string_view where, std::initializer_list<Variant> values) {
+    std::string list;
+    for (const Variant& value : values) list += (list.empty() ? "" : ", ") + literal(value);
+    return exec(statement("INSERT INTO @ VALUES (@)", {where, list}));
 }
 
 Company& Company::exec(const std::string& sql) {

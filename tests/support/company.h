@@ -41,9 +41,6 @@ constexpr Periods weeks(std::int32_t first, std::int32_t last) {
 constexpr Periods week(std::int32_t number) {
     return {number, number};
 }
-constexpr Periods months(std::int32_t first, std::int32_t last) {
-    return {first, last};
-}
 constexpr Periods month(std::int32_t number) {
     return {number, number};
 }
@@ -77,12 +74,7 @@ class Person {
     // ---- how often
     Person& paid(PR_Pay_Freq frequency);
     Person& weekly() { return paid(PFREQ_1Weekly); }
-    Person& twoWeekly() { return paid(PFREQ_2Weekly); }
-    Person& fourWeekly() { return paid(PFREQ_4Weekly); }
     Person& monthly() { return paid(PFREQ_Monthly); }
-    Person& quarterly() { return paid(PFREQ_Quarterly); }
-    Person& halfYearly() { return paid(PFREQ_BiAnnual); }
-    Person& annual() { return paid(PFREQ_Annual); }
 
     // ---- the employment: a new person has one, number 1 of the current payroll year, begun with it
     Person& employment(std::int32_t payrollYear, std::int32_t count = 1);
@@ -95,11 +87,7 @@ class Person {
     // ---- the pay
     Person& closed(Periods periods);
     Person& open(Periods periods);
-    // A row of calculation 0 that says what was paid before.
-    Person& starting(std::int32_t weekNo);
     Person& pay(std::string_view columns);  // "PRPStatus = 2, PRPStudentLoan = 1"
-
-    std::int32_t prtid() const noexcept { return prtid_; }
 
   private:
     friend class Company;
@@ -129,15 +117,16 @@ struct CaptionLog : Label {
     void DoEvents() override { ++turns; }
 };
 
-// Answers from the tables of the company, and counts the rows it was shown.
+// Answers from the tables of the company.
 class CompanyDataAccess : public DataAccess {
   public:
     explicit CompanyDataAccess(std::shared_ptr<sqlite::SqliteDatabase> database)
         : database_(std::move(database)) {}
-    bool TempTableExists(std::string_view name) override;
-    void NoNullRecordLine(RecordsetRef& recordset) override;
+    bool TempTableExists(std::string_view name) override { return database_->tableExists(name); }
+    void NoNullRecordLine(RecordsetRef& recordset) override {
+        if (replacement) recordset = replacement;
+    }
 
-    int rowsShown = 0;
     // Stands for the recordset from its next row on, when a test sets it.
     RecordsetRef replacement;
 
@@ -201,6 +190,9 @@ class Company {
     std::vector<Message> messages;
 
   private:
+    friend class Person;
+    // `INSERT INTO where VALUES (...)`.
+    Company& insert(std::string_view where, std::initializer_list<Variant> values);
     // Made when it is first asked for, so that the services find the company as it then is.
     HostSession& session();
 

@@ -13,26 +13,18 @@
 
 namespace ledgerwick::test {
 
-// Counts stored rows and run statements, and lets one of them fail.
-class WriteCounter {
-  public:
-    // Errors: 3146 at the write that was chosen.
-    void write() {
-        ++writes_;
-        if (--untilFailure_ == 0) raise(error_number::databaseError, "FailingDatabase");
-    }
-    void failAt(int write) noexcept { untilFailure_ = write; }
-    int writes() const noexcept { return writes_; }
+// How many writes there are up to the one that fails.
+using Countdown = std::shared_ptr<int>;
 
-  private:
-    int writes_ = 0;
-    int untilFailure_ = 0;
-};
+// Errors: 3146 at the write that was chosen.
+inline void count(const Countdown& countdown) {
+    if (--*countdown == 0) raise(error_number::databaseError, "FailingDatabase");
+}
 
 class FailingRecordset : public Recordset {
   public:
-    FailingRecordset(RecordsetRef real, std::shared_ptr<WriteCounter> counter)
-        : real_(std::move(real)), counter_(std::move(counter)) {}
+    FailingRecordset(RecordsetRef real, Countdown countdown)
+        : real_(std::move(real)), countdown_(std::move(countdown)) {}
 
     std::int32_t RecordCount() override { return real_->RecordCount(); }
     bool Eof() override { return real_->Eof(); }
@@ -46,7 +38,7 @@ class FailingRecordset : public Recordset {
     void AddNew() override { real_->AddNew(); }
     void Edit() override { real_->Edit(); }
     void Update() override {
-        counter_->write();
+        count(countdown_);
         real_->Update();
     }
     ledgerwick::Bookmark LastModified() override { return real_->LastModified(); }
@@ -56,20 +48,20 @@ class FailingRecordset : public Recordset {
 
   private:
     RecordsetRef real_;
-    std::shared_ptr<WriteCounter> counter_;
+    Countdown countdown_;
 };
 
 class FailingQueryDef : public QueryDef {
   public:
-    FailingQueryDef(std::shared_ptr<QueryDef> real, std::shared_ptr<WriteCounter> counter)
-        : real_(std::move(real)), counter_(std::move(counter)) {}
+    FailingQueryDef(std::shared_ptr<QueryDef> real, Countdown countdown)
+        : real_(std::move(real)), countdown_(std::move(countdown)) {}
     RecordsetRef OpenRecordset(RecordsetType type, FieldList reads) override {
-        return std::make_shared<FailingRecordset>(real_->OpenRecordset(type, reads), counter_);
+        return std::make_shared<FailingRecordset>(real_->OpenRecordset(type, reads), countdown_);
     }
 
   private:
     std::shared_ptr<QueryDef> real_;
-    std::shared_ptr<WriteCounter> counter_;
+    Countdown countdown_;
 };
 
 class FailingDatabase : public Database {
@@ -77,21 +69,21 @@ class FailingDatabase : public Database {
     explicit FailingDatabase(Database& real) : real_(real) {}
 
     // The write of that number from now on fails with 3146; those after it work again.
-    void failAtWrite(int write) { counter_->failAt(write); }
-    int writes() const { return counter_->writes(); }
+    void failAtWrite(int write) { *countdown_ = write; }
     // How many sets of records were opened by their statement.
     int opened() const noexcept { return opened_; }
 
     RecordsetRef OpenRecordset(std::string_view sql, RecordsetType type, FieldList reads) override {
         ++opened_;
-        return std::make_shared<FailingRecordset>(real_.OpenRecordset(sql, type, reads), counter_);
+        return std::make_shared<FailingRecordset>(real_.OpenRecordset(sql, type, reads),
+                                                  countdown_);
     }
     void Execute(std::string_view sql, std::int32_t option) override {
-        counter_->write();
+        count(countdown_);
         real_.Execute(sql, option);
     }
     std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql) override {
-        return std::make_shared<FailingQueryDef>(real_.CreateQueryDef(name, sql), counter_);
+        return std::make_shared<FailingQueryDef>(real_.CreateQueryDef(name, sql), countdown_);
     }
     void BeginBatch() override { real_.BeginBatch(); }
     void EndBatch() override { real_.EndBatch(); }
@@ -99,7 +91,7 @@ class FailingDatabase : public Database {
   private:
     Database& real_;
     int opened_ = 0;
-    std::shared_ptr<WriteCounter> counter_ = std::make_shared<WriteCounter>();
+    Countdown countdown_ = std::make_shared<int>(0);
 };
 
 }  // namespace ledgerwick::test

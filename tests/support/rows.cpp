@@ -11,12 +11,8 @@
 namespace ledgerwick::test {
 namespace {
 
-std::string lowerCase(std::string_view name) {
-    std::string lower(name);
-    for (char& c : lower) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return lower;
+bool isSame(const FieldName& a, const FieldName& b) {
+    return equalsIgnoringCase(a.text(), b.text());
 }
 
 // A query kept by nobody: it opens what the database answers to its statement.
@@ -34,25 +30,22 @@ class RowsQuery : public QueryDef {
 
 }  // namespace
 
-Row::Row(std::initializer_list<Cell> cells) {
-    for (const Cell& cell : cells) fields_[lowerCase(cell.name.text())] = cell.value;
-}
-
 Row Row::with(const FieldName& name, const Variant& value) const {
-    Row row = *this;
-    row.fields_[lowerCase(name.text())] = value;
+    Row row = without(name);
+    row.cells_.push_back({name, value});
     return row;
 }
 
 Row Row::without(const FieldName& name) const {
     Row row = *this;
-    row.fields_.erase(lowerCase(name.text()));
+    std::erase_if(row.cells_, [&](const Cell& cell) { return isSame(cell.name, name); });
     return row;
 }
 
-Variant* Row::find(std::string_view name) noexcept {
-    const auto found = fields_.find(lowerCase(name));
-    return found == fields_.end() ? nullptr : &found->second;
+const Variant* Row::find(const FieldName& name) const noexcept {
+    for (const Cell& cell : cells_)
+        if (isSame(cell.name, name)) return &cell.value;
+    return nullptr;
 }
 
 Row& Rows::current() {
@@ -84,11 +77,10 @@ void Rows::MovePrevious() {
 }
 
 Variant Rows::Value(const FieldName& name) {
-    const auto isName = [&](const FieldName& other) {
-        return equalsIgnoringCase(other.text(), name.text());
-    };
-    const bool allowed = !allowed_ || std::any_of(allowed_->begin(), allowed_->end(), isName);
-    const Variant* value = current().find(name.text());
+    const bool allowed =
+        !allowed_ || std::any_of(allowed_->begin(), allowed_->end(),
+                                 [&](const FieldName& other) { return isSame(other, name); });
+    const Variant* value = current().find(name);
     if (!allowed || !value) raise(error_number::noSuchItem, "Rows", name.text());
     return *value;
 }
@@ -98,24 +90,9 @@ void Rows::Value(const FieldName& name, const Variant& value) {
     edited_ = edited_->with(name, value);
 }
 
-void Rows::AddNew() {
-    edited_.emplace();
-    adding_ = true;
-}
-
-void Rows::Edit() {
-    edited_ = current();
-    adding_ = false;
-}
-
 void Rows::Update() {
     if (!edited_) raise(error_number::updateWithoutEdit, "Rows.Update");
-    lastModified_ = adding_ ? size() : position_;
-    if (adding_) {
-        rows_.push_back(*std::exchange(edited_, std::nullopt));
-    } else {
-        rows_[static_cast<std::size_t>(position_)] = *std::exchange(edited_, std::nullopt);
-    }
+    rows_[static_cast<std::size_t>(position_)] = *std::exchange(edited_, std::nullopt);
 }
 
 void RowsDatabase::answer(std::string_view fragment, std::vector<Row> rows) {
@@ -148,52 +125,48 @@ std::shared_ptr<QueryDef> RowsDatabase::CreateQueryDef(std::string_view, std::st
 Row closedPayRow(std::int32_t week) {
     const Date payday = Date::fromYmd(2016, 4, 15).addWeeks(week - 1);
     const Date periodEnd = Date::fromYmd(2016, 4, 12).addWeeks(week - 1);
-    return Row{
-        {field::PRTID, 70},
-        {field::PRPNAID, 7},
-        {field::PRPID, 100 + week},
-        {field::PRPPayrollYear, 17},
-        {field::PRPPYEmployCount, 1},
-        {field::PRPWeekNo, week},
-        {field::PRPPaymentPeriod, 1},
-        {field::PRPPayDate, payday},
-        {field::PRPRTIPayDate, payday},
-        {field::PRPEPEDate, periodEnd},
-        {field::PRPNExpPayDate, payday.addWeeks(1)},
-        {field::PRPNExpEPEDate, periodEnd.addWeeks(1)},
-        {field::PRPPeriodUpdated, true},
-        {field::PRPCalculationUsed, 12},
-        {field::PRPStatus, 0},
-        {field::PRPAEStatus, ""},
-        {field::PRPMaternityHighWeeks, 0.0},
-        {field::PRPMaternityLowWeeks, 0.0},
-        {field::PRPAdoptionHighWeeks, 0.0},
-        {field::PRPAdoptionLowWeeks, 0.0},
-        {field::PRPPaternityWeeks, 0.0},
-        {field::PRPASPPDays, 0.0},
-        {field::PRPStudentLoan, 0},
-        {field::PRPPostgradLoan, false},
-        {field::PRPWorksNo, ""},
-        {field::PRPOfficialIDNo, Null},
-        {field::PRPPartnerNAID, 0},
-        {field::PRPTaxCode, "1100L"},
-        {field::PRPWeek1, false},
-        {field::PRPMinNormHours, 0},
-    };
+    return Row{{field::PRTID, 70},
+               {field::PRPNAID, 7},
+               {field::PRPID, 100 + week},
+               {field::PRPPayrollYear, 17},
+               {field::PRPPYEmployCount, 1},
+               {field::PRPWeekNo, week},
+               {field::PRPPaymentPeriod, 1},
+               {field::PRPPayDate, payday},
+               {field::PRPRTIPayDate, payday},
+               {field::PRPEPEDate, periodEnd},
+               {field::PRPNExpPayDate, payday.addWeeks(1)},
+               {field::PRPNExpEPEDate, periodEnd.addWeeks(1)},
+               {field::PRPPeriodUpdated, true},
+               {field::PRPCalculationUsed, 12},
+               {field::PRPStatus, 0},
+               {field::PRPAEStatus, ""},
+               {field::PRPMaternityHighWeeks, 0.0},
+               {field::PRPMaternityLowWeeks, 0.0},
+               {field::PRPAdoptionHighWeeks, 0.0},
+               {field::PRPAdoptionLowWeeks, 0.0},
+               {field::PRPPaternityWeeks, 0.0},
+               {field::PRPASPPDays, 0.0},
+               {field::PRPStudentLoan, 0},
+               {field::PRPPostgradLoan, false},
+               {field::PRPWorksNo, ""},
+               {field::PRPOfficialIDNo, Null},
+               {field::PRPPartnerNAID, 0},
+               {field::PRPTaxCode, "1100L"},
+               {field::PRPWeek1, false},
+               {field::PRPMinNormHours, 0}};
 }
 
 Row employmentRow() {
-    return Row{
-        {field::PRTNAID, 7},
-        {field::PRTID, 70},
-        {field::PRTPayrollYear, 17},
-        {field::PRTPYEmployCount, 1},
-        {field::PRTStartDate, Date::fromYmd(2015, 4, 6)},
-        {field::PRTEndDateLong, 0},
-        {field::PRTAEStatus, ""},
-        {field::PRTContinuation, false},
-        {field::PRTType, static_cast<std::int16_t>(PR_ET_Regular)},
-    };
+    return Row{{field::PRTNAID, 7},
+               {field::PRTID, 70},
+               {field::PRTPayrollYear, 17},
+               {field::PRTPYEmployCount, 1},
+               {field::PRTStartDate, Date::fromYmd(2015, 4, 6)},
+               {field::PRTEndDateLong, 0},
+               {field::PRTAEStatus, ""},
+               {field::PRTContinuation, false},
+               {field::PRTType, static_cast<std::int16_t>(PR_ET_Regular)}};
 }
 
 }  // namespace ledgerwick::test

@@ -10,7 +10,6 @@
 
 #include <cstdint>
 #include <initializer_list>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,20 +29,20 @@ struct Cell {
 class Row {
   public:
     Row() = default;
-    Row(std::initializer_list<Cell> cells);
+    Row(std::initializer_list<Cell> cells) : cells_(cells) {}
 
     // The row with a field set, in place of what it held.
     Row with(const FieldName& name, const Variant& value) const;
     // The row without a field, so that reading it fails.
     Row without(const FieldName& name) const;
 
-    Variant* find(std::string_view name) noexcept;
+    const Variant* find(const FieldName& name) const noexcept;
 
   private:
-    std::map<std::string, Variant> fields_;
+    std::vector<Cell> cells_;
 };
 
-// A recordset over rows of its own. It can be moved both ways, read, edited and added to.
+// A recordset over rows of its own. It can be moved both ways, read and edited.
 class Rows : public Recordset {
   public:
     Rows() = default;
@@ -65,10 +64,10 @@ class Rows : public Recordset {
     void MovePrevious() override;
     Variant Value(const FieldName& name) override;
     void Value(const FieldName& name, const Variant& value) override;
-    void AddNew() override;
-    void Edit() override;
+    void AddNew() override { edited_.emplace(); }
+    void Edit() override { edited_ = current(); }
     void Update() override;
-    ledgerwick::Bookmark LastModified() override { return lastModified_; }
+    ledgerwick::Bookmark LastModified() override { return position_; }
     ledgerwick::Bookmark Bookmark() override { return position_; }
     void Bookmark(const ledgerwick::Bookmark& place) override { position_ = place.toInt32(); }
     void Close() override { closed_ = true; }
@@ -80,11 +79,9 @@ class Rows : public Recordset {
     std::vector<Row> rows_;
     std::optional<std::vector<FieldName>> allowed_;
     std::optional<Row> edited_;
-    bool adding_ = false;
     bool closed_ = false;
     bool isCounted_ = true;
     std::int32_t position_ = 0;
-    std::int32_t lastModified_ = -1;
 };
 
 // A database that answers statements with rows given beforehand, and writes down the others.
