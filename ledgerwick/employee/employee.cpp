@@ -2,7 +2,8 @@
 
 #include <array>
 #include <cstddef>
-#include <utility>
+#include <initializer_list>
+#include <string>
 
 #include "ledgerwick/shell/dll_global.h"
 #include "ledgerwick/shell/schema.h"
@@ -10,14 +11,28 @@
 
 namespace ledgerwick {
 
-void cEmployee::BusName(std::string value) {
-    busName_ = std::move(value);
+void cEmployee::BusName(std::string_view value) {
+    texts_.set(Text::BusName, value);
     SplitName();
 }
 
+// Whatever the host leaves in the parts is what the employee has, also when it fails.
 void cEmployee::SplitName() {
-    DLLGlobal::g().C_customerFunctions().SplitContactName(busName_, title_, forename1_, forename2_,
-                                                          surname_, otherForenames_, otherID_);
+    constexpr std::array parts{Text::Title, Text::Forename1, Text::Forename2, Text::Surname,
+                               Text::OtherForenames};
+    std::array<std::string, parts.size()> split;
+    const auto keep = [&] {
+        for (std::size_t i = 0; i < parts.size(); ++i) texts_.set(parts[i], split[i]);
+    };
+    for (std::size_t i = 0; i < parts.size(); ++i) split[i] = texts_.get(parts[i]);
+    try {
+        DLLGlobal::g().C_customerFunctions().SplitContactName(
+            BusName(), split[0], split[1], split[2], split[3], split[4], otherID_);
+    } catch (...) {
+        keep();
+        throw;
+    }
+    keep();
 }
 
 namespace {
@@ -33,16 +48,16 @@ std::string withPart(std::string_view name, std::string_view part) {
 }  // namespace
 
 std::string cEmployee::Name() const {
-    const std::string forenames = withPart(title_ + ' ' + forename1_, forename2_);
-    return std::string(trim(withPart(forenames, surname_)));
+    const std::string forenames = withPart(Title() + ' ' + Forename1(), Forename2());
+    return std::string(trim(withPart(forenames, Surname())));
 }
 
 std::string cEmployee::ShortName() const {
-    return std::string(trim(withPart(title_ + ' ' + forename1_, surname_)));
+    return std::string(trim(withPart(Title() + ' ' + Forename1(), Surname())));
 }
 
 std::string cEmployee::Forenames() const {
-    return std::string(trim(forename1_ + ' ' + forename2_ + ' ' + otherForenames_));
+    return std::string(trim(Forename1() + ' ' + Forename2() + ' ' + OtherForenames()));
 }
 
 // ---- address ------------------------------------------------------------------------------------
@@ -50,12 +65,12 @@ std::string cEmployee::Forenames() const {
 namespace {
 
 // The lines that hold something, in order, as an array from 1.
-VariantArray filledLines(std::initializer_list<const std::string*> lines) {
+VariantArray filledLines(std::initializer_list<std::string> lines) {
     VariantArray filled(1, 0);
-    for (const std::string* line : lines) {
-        if (line->empty()) continue;
+    for (const std::string& line : lines) {
+        if (line.empty()) continue;
         filled.resizeLast(filled.upperBound() + 1);
-        filled.at(filled.upperBound()) = *line;
+        filled.at(filled.upperBound()) = line;
     }
     return filled;
 }
@@ -86,10 +101,10 @@ void joinShortestPair(VariantArray& lines) {
 Variant cEmployee::Address(std::int32_t lPieces) {
     if (lPieces < 3) raise(error_number::subscriptOutOfRange, "cEmployee.Address");
     VariantArray address(1, lPieces);
-    address.at(lPieces) = country_;
-    address.at(lPieces - 1) = postCode_;
+    address.at(lPieces) = Country();
+    address.at(lPieces - 1) = PostCode();
 
-    VariantArray lines = filledLines({&add1_, &add2_, &village_, &town_, &county_});
+    VariantArray lines = filledLines({Add1(), Add2(), Village(), Town(), County()});
     while (lines.upperBound() > lPieces - 2) joinShortestPair(lines);
     for (std::int32_t i = 1; i <= lines.upperBound(); ++i) address.at(i) = lines.at(i);
     return address;

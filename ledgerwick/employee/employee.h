@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "ledgerwick/employee/packed_texts.h"
 #include "ledgerwick/employment/employment.h"
 #include "ledgerwick/export.h"
 #include "ledgerwick/shell/identify.h"
@@ -71,41 +72,48 @@ class LEDGERWICK_API cEmployee : public Object {
     // ---- the person (employee.cpp) --------------------------------------------------------------
 
     // clang-format off
-    Property<std::string>  IID;              // an identifier that the host may set; not loaded
+    // An identifier that the host may set; not loaded.
+    std::string IID() const { return texts_.get(Text::IID); }
+    void IID(std::string_view value) { texts_.set(Text::IID, value); }
     std::int32_t           OtherID() const noexcept { return otherID_; }
     void                   OtherID(std::int32_t value) noexcept { otherID_ = value; }
     Property<std::int32_t> NAID;             // the identity of the employee everywhere
-    const std::string&     BusName() const noexcept { return busName_; }
+    std::string BusName() const { return texts_.get(Text::BusName); }
     // clang-format on
 
     // Stores the name and has the host split it into the parts and `OtherID`.
     // Errors: 91 without a host, those of the host; the name is then stored.
-    void BusName(std::string value);
-    Property<std::string> SortSeq;  // sort sequence
+    void BusName(std::string_view value);
+
+    // clang-format off
+    std::string SortSeq() const { return texts_.get(Text::SortSeq); }  // sort sequence
+    void SortSeq(std::string_view value) { texts_.set(Text::SortSeq, value); }
+    // clang-format on
 
     // "Mr John Paul Smith" and "Mr John Smith"; a missing part leaves no double space.
     std::string Name() const;
     std::string ShortName() const;
 
     // clang-format off
-    const std::string&     NINO() const noexcept { return nino_; }
-    void                   NINO(std::string_view value) { nino_ = trim(value); }
+    std::string NINO() const { return texts_.get(Text::NINO); }
+    void NINO(std::string_view value) { texts_.set(Text::NINO, trim(value)); }
     Property<bool>         HourlyPaid;                        // paid by the hour
     Property<bool>         NINODuplicated;                    // another employee has the number
     Property<bool>         IIDDuplicated;                     // another employee has the IID
-    const std::string&     Forename1() const noexcept { return forename1_; }
-    const std::string&     Title() const noexcept { return title_; }
-    const std::string&     Forename2() const noexcept { return forename2_; }
-    const std::string&     OtherForenames() const noexcept { return otherForenames_; }
-    const std::string&     Surname() const noexcept { return surname_; }
+    std::string Forename1() const { return texts_.get(Text::Forename1); }
+    std::string Title() const { return texts_.get(Text::Title); }
+    std::string Forename2() const { return texts_.get(Text::Forename2); }
+    std::string OtherForenames() const { return texts_.get(Text::OtherForenames); }
+    std::string Surname() const { return texts_.get(Text::Surname); }
     std::string            Forenames() const;                 // a missing one leaves its blank
-    Property<std::string>  Sex;
-    const std::string&     Add1() const noexcept { return add1_; }
-    void                   Add1(std::string_view value) { add1_ = trim(value); }
-    const std::string&     Add2() const noexcept { return add2_; }
-    void                   Add2(std::string_view value) { add2_ = trim(value); }
-    const std::string&     PostCode() const noexcept { return postCode_; }
-    void                   PostCode(std::string_view value) { postCode_ = trim(value); }
+    std::string Sex() const { return texts_.get(Text::Sex); }
+    void Sex(std::string_view value) { texts_.set(Text::Sex, value); }
+    std::string Add1() const { return texts_.get(Text::Add1); }
+    void Add1(std::string_view value) { texts_.set(Text::Add1, trim(value)); }
+    std::string Add2() const { return texts_.get(Text::Add2); }
+    void Add2(std::string_view value) { texts_.set(Text::Add2, trim(value)); }
+    std::string PostCode() const { return texts_.get(Text::PostCode); }
+    void PostCode(std::string_view value) { texts_.set(Text::PostCode, trim(value)); }
     // clang-format on
 
     // The address on a form of `lPieces` lines: country last, post code before it, and the other
@@ -115,19 +123,24 @@ class LEDGERWICK_API cEmployee : public Object {
     Variant Address(std::int32_t lPieces);
 
     // clang-format off
-    Property<std::string>  Email;
-    Property<std::string>  Phone_Home;            // the telephone numbers are the host's; not loaded
-    Property<std::string>  Phone_Mobile;
-    Property<std::string>  Phone_Work;
+    std::string Email() const { return texts_.get(Text::Email); }
+    void Email(std::string_view value) { texts_.set(Text::Email, value); }
+    // The telephone numbers are set by the host; not loaded.
+    std::string Phone_Home() const { return texts_.get(Text::Phone_Home); }
+    void Phone_Home(std::string_view value) { texts_.set(Text::Phone_Home, value); }
+    std::string Phone_Mobile() const { return texts_.get(Text::Phone_Mobile); }
+    void Phone_Mobile(std::string_view value) { texts_.set(Text::Phone_Mobile, value); }
+    std::string Phone_Work() const { return texts_.get(Text::Phone_Work); }
+    void Phone_Work(std::string_view value) { texts_.set(Text::Phone_Work, value); }
     Property<Date>         DOB;                   // date of birth
-    const std::string&     Village() const noexcept { return village_; }
-    void                   Village(std::string_view value) { village_ = trim(value); }
-    const std::string&     Town() const noexcept { return town_; }
-    void                   Town(std::string_view value) { town_ = trim(value); }
-    const std::string&     County() const noexcept { return county_; }
-    void                   County(std::string_view value) { county_ = trim(value); }
-    const std::string&     Country() const noexcept { return country_; }
-    void                   Country(std::string_view value) { country_ = trim(value); }
+    std::string Village() const { return texts_.get(Text::Village); }
+    void Village(std::string_view value) { texts_.set(Text::Village, trim(value)); }
+    std::string Town() const { return texts_.get(Text::Town); }
+    void Town(std::string_view value) { texts_.set(Text::Town, trim(value)); }
+    std::string County() const { return texts_.get(Text::County); }
+    void County(std::string_view value) { texts_.set(Text::County, trim(value)); }
+    std::string Country() const { return texts_.get(Text::Country); }
+    void Country(std::string_view value) { texts_.set(Text::Country, trim(value)); }
     Property<Date>         AEOptInDate;           // auto-enrolment dates, the zero date for none
     // clang-format on
 
@@ -141,10 +154,13 @@ class LEDGERWICK_API cEmployee : public Object {
     Property<Date>         AEPostponementDate;
     Property<bool>         Casual;                      // the current employment is casual
     Property<std::int16_t> PayFrequency;                // a PR_Pay_Freq value
-    Property<std::string>  Seq;                         // the short code of the name
+    std::string Seq() const { return texts_.get(Text::Seq); }  // the short code of the name
+    void Seq(std::string_view value) { texts_.set(Text::Seq, value); }
     Property<bool>         Director;
-    Property<std::string>  NITable;                     // National Insurance table letter
-    Property<std::string>  TaxCode;
+    std::string NITable() const { return texts_.get(Text::NITable); }  // table letter
+    void NITable(std::string_view value) { texts_.set(Text::NITable, value); }
+    std::string TaxCode() const { return texts_.get(Text::TaxCode); }
+    void TaxCode(std::string_view value) { texts_.set(Text::TaxCode, value); }
     Property<std::int32_t> PenWorkplaceSchemeID;        // workplace scheme, 0 for none
     Property<bool>         PenWorkplaceUseSchemeRates;  // the default rates of the scheme apply
     Property<float>        PenWorkplaceEEDeductPC;      // employee's and employer's percentages
@@ -167,10 +183,44 @@ class LEDGERWICK_API cEmployee : public Object {
 
     // The employment under a PRTID in decimal, or an empty reference.
     std::shared_ptr<cEmployment> GetEmploymentByIndex(const std::string& Index);
-    Property<std::string> UserRef;     // the user's reference
-    Property<float> HolidayAllowance;  // days
+
+    // clang-format off
+    std::string UserRef() const { return texts_.get(Text::UserRef); }  // the user's reference
+    void UserRef(std::string_view value) { texts_.set(Text::UserRef, value); }
+    Property<float>        HolidayAllowance;  // days
+    // clang-format on
 
   private:
+    // The texts, in the order in which a record holds them.
+    enum class Text : std::uint8_t {
+        IID,
+        BusName,
+        SortSeq,
+        UserRef,
+        Title,
+        Forename1,
+        Forename2,
+        OtherForenames,
+        Surname,
+        Sex,
+        Add1,
+        Add2,
+        Village,
+        Town,
+        County,
+        PostCode,
+        Country,
+        Email,
+        Phone_Home,
+        Phone_Mobile,
+        Phone_Work,
+        NINO,
+        Seq,
+        NITable,
+        TaxCode,
+        Count,
+    };
+
     void SplitName();
     void LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayrollYear);
     bool ItemExists(const std::string& Index);
@@ -184,9 +234,7 @@ class LEDGERWICK_API cEmployee : public Object {
     std::int32_t previousPRTID_ = 0;
     std::int32_t otherID_ = 0;
     Date aeOptOutDate_;
-    std::string busName_, nino_;
-    std::string title_, forename1_, forename2_, otherForenames_, surname_;
-    std::string add1_, add2_, village_, town_, county_, postCode_, country_;
+    PackedTexts<Text> texts_;
     IdentifyHolder identify_;
 };
 

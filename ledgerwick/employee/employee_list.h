@@ -39,7 +39,7 @@ class LEDGERWICK_API CEmployeeList : public Object {
 
     // Adds all employees of the store with their employments and pay, and works out their flags.
     // Always False. A list that was filled before is to be cleared first.
-    // Shape:  `lblProgress` is a `Label`, which is kept for later loads; any other object, and none,
+    // Shape:  `lblProgress` is a `Label`, kept for later loads; any other object, or none,
     //         leaves the label kept before. Without a label the captions go nowhere.
     // Errors: those of the database; 94 for a Null where a value is read, 457 for a list that was
     //         not cleared, 3265 for a pay row of an unknown employment and 91 for one of an unknown

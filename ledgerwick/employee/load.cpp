@@ -27,7 +27,6 @@ struct FieldValue {
     operator Currency() const { return row.GetCurrency(name); }
     operator Date() const { return row.GetDate(name); }
     operator std::string_view() const { return row.GetText(name); }
-    operator std::string() const { return std::string(row.GetText(name)); }
 };
 
 struct Binding {
@@ -38,35 +37,35 @@ struct Binding {
 // Which field fills which property, in the order of the filling.
 constexpr Binding employeeBindings[] = {
     // clang-format off
-    {field::NAID,                       [](auto& emp, auto& value) { emp.NAID(value); }},
-    {field::NASeq,                      [](auto& emp, auto& value) { emp.Seq(value); }},
-    {field::NABusName,                  [](auto& emp, auto& value) { emp.BusName(value); }},
-    {field::NASeq,                      [](auto& emp, auto& value) { emp.SortSeq(value); }},
-    {field::NAUserRef,                  [](auto& emp, auto& value) { emp.UserRef(value); }},
-    {field::PRESex,                     [](auto& emp, auto& value) { emp.Sex(value); }},
-    {field::PREDoB,                     [](auto& emp, auto& value) { emp.DOB(value); }},
-    {field::NAAdd1,                     [](auto& emp, auto& value) { emp.Add1(value); }},
-    {field::NAAdd2,                     [](auto& emp, auto& value) { emp.Add2(value); }},
-    {field::NAVillage,                  [](auto& emp, auto& value) { emp.Village(value); }},
-    {field::NATown,                     [](auto& emp, auto& value) { emp.Town(value); }},
-    {field::NACounty,                   [](auto& emp, auto& value) { emp.County(value); }},
-    {field::NAPostCode,                 [](auto& emp, auto& value) { emp.PostCode(value); }},
-    {field::NACountry,                  [](auto& emp, auto& value) { emp.Country(value); }},
-    {field::NAEMailADD,                 [](auto& emp, auto& value) { emp.Email(value); }},
-    {field::PREPayFrequency,            [](auto& emp, auto& value) { emp.PayFrequency(value); }},
-    {field::PRENINO,                    [](auto& emp, auto& value) { emp.NINO(value); }},
-    {field::PRENITable,                 [](auto& emp, auto& value) { emp.NITable(value); }},
-    {field::PRETaxCode,                 [](auto& emp, auto& value) { emp.TaxCode(value); }},
-    {field::PREDirector,                [](auto& emp, auto& value) { emp.Director(value); }},
-    {field::PREGroup,                   [](auto& emp, auto& value) { emp.Group(value); }},
-    {field::PREHourlyPaid,              [](auto& emp, auto& value) { emp.HourlyPaid(value); }},
-    {field::PREStdHourlyRate,           [](auto& emp, auto& value) { emp.HourlyRate(value); }},
-    {field::PREStdPeriodRate,           [](auto& emp, auto& value) { emp.PeriodRate(value); }},
-    {field::PREHDays,                   [](auto& emp, auto& value) { emp.HolidayAllowance(value); }},
-    {field::PREPensionJoinedDate,       [](auto& emp, auto& value) { emp.AEJoinedDate(value); }},
-    {field::PREPensionOptInDate,        [](auto& emp, auto& value) { emp.AEOptInDate(value); }},
-    {field::PREPensionOptOutDate,       [](auto& emp, auto& value) { emp.AEOptOutDate(value); }},
-    {field::PREPensionPostponementDate, [](auto& emp, auto& value) { emp.AEPostponementDate(value); }},
+    {field::NAID,                       [](auto& e, auto& v) { e.NAID(v); }},
+    {field::NASeq,                      [](auto& e, auto& v) { e.Seq(v); }},
+    {field::NABusName,                  [](auto& e, auto& v) { e.BusName(v); }},
+    {field::NASeq,                      [](auto& e, auto& v) { e.SortSeq(v); }},
+    {field::NAUserRef,                  [](auto& e, auto& v) { e.UserRef(v); }},
+    {field::PRESex,                     [](auto& e, auto& v) { e.Sex(v); }},
+    {field::PREDoB,                     [](auto& e, auto& v) { e.DOB(v); }},
+    {field::NAAdd1,                     [](auto& e, auto& v) { e.Add1(v); }},
+    {field::NAAdd2,                     [](auto& e, auto& v) { e.Add2(v); }},
+    {field::NAVillage,                  [](auto& e, auto& v) { e.Village(v); }},
+    {field::NATown,                     [](auto& e, auto& v) { e.Town(v); }},
+    {field::NACounty,                   [](auto& e, auto& v) { e.County(v); }},
+    {field::NAPostCode,                 [](auto& e, auto& v) { e.PostCode(v); }},
+    {field::NACountry,                  [](auto& e, auto& v) { e.Country(v); }},
+    {field::NAEMailADD,                 [](auto& e, auto& v) { e.Email(v); }},
+    {field::PREPayFrequency,            [](auto& e, auto& v) { e.PayFrequency(v); }},
+    {field::PRENINO,                    [](auto& e, auto& v) { e.NINO(v); }},
+    {field::PRENITable,                 [](auto& e, auto& v) { e.NITable(v); }},
+    {field::PRETaxCode,                 [](auto& e, auto& v) { e.TaxCode(v); }},
+    {field::PREDirector,                [](auto& e, auto& v) { e.Director(v); }},
+    {field::PREGroup,                   [](auto& e, auto& v) { e.Group(v); }},
+    {field::PREHourlyPaid,              [](auto& e, auto& v) { e.HourlyPaid(v); }},
+    {field::PREStdHourlyRate,           [](auto& e, auto& v) { e.HourlyRate(v); }},
+    {field::PREStdPeriodRate,           [](auto& e, auto& v) { e.PeriodRate(v); }},
+    {field::PREHDays,                   [](auto& e, auto& v) { e.HolidayAllowance(v); }},
+    {field::PREPensionJoinedDate,       [](auto& e, auto& v) { e.AEJoinedDate(v); }},
+    {field::PREPensionOptInDate,        [](auto& e, auto& v) { e.AEOptInDate(v); }},
+    {field::PREPensionOptOutDate,       [](auto& e, auto& v) { e.AEOptOutDate(v); }},
+    {field::PREPensionPostponementDate, [](auto& e, auto& v) { e.AEPostponementDate(v); }},
     // clang-format on
 };
 

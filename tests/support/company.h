@@ -76,7 +76,7 @@ class Person {
     Person& weekly() { return paid(PFREQ_1Weekly); }
     Person& monthly() { return paid(PFREQ_Monthly); }
 
-    // ---- the employment: a new person has one, number 1 of the current payroll year, begun with it
+    // ---- the employment: a new person has number 1 of the current payroll year, begun with it
     Person& employment(std::int32_t payrollYear, std::int32_t count = 1);
     Person& withoutEmployment();
     Person& casual();
@@ -149,8 +149,8 @@ class Company {
     Company& today(std::string_view date);
     Company& parameter(std::string_view name, std::int32_t value);
 
-    // The person of that NAID, who is new at the first call. The PRTIDs of the employments count from
-    // ten times the NAID: 70, 71, ... for employee 7.
+    // The person of that NAID, who is new at the first call. The PRTIDs of the employments count
+    // from ten times the NAID: 70, 71, ... for employee 7.
     Person& employee(std::int32_t naid);
 
     Company& scheme(std::int32_t psid, std::string_view description, double employeePercent,
