@@ -18,34 +18,39 @@ std::vector<std::int32_t> everyNth(std::int32_t step, std::int32_t last) {
     return weeks;
 }
 
-struct YearOfWeeks {
-    const char* reason;
-    PR_Pay_Freq frequency;
-    const char* firstPay;
-    std::vector<std::int32_t> weeks;
-    std::int32_t period;  // on every row; 0: minus the tax month
-};
-
-TEST(WeekList, CoversAWholeYearAtEachFrequency) {
+TEST(Run, GivesAWholeYearItsWeeksPeriodsAndHoursAtEachFrequency) {
+    struct Year {
+        const char* reason;
+        PR_Pay_Freq frequency;
+        const char* firstPay;
+        std::vector<std::int32_t> weeks;
+        std::int32_t period;  // on every row; 0: minus the tax month
+        int hours;            // of a period in weeks of 40
+    };
     const std::vector<std::int32_t> monthEnds{5, 9, 13, 18, 22, 27, 31, 35, 40, 44, 48, 52};
-    for (const YearOfWeeks& year : std::vector<YearOfWeeks>{
-             {"52 Fridays", PFREQ_1Weekly, "2016-04-08", everyNth(1, 52), 1},
-             {"the last Wednesday is 5 April", PFREQ_1Weekly, "2016-04-06", everyNth(1, 53), 1},
-             {"26 fortnights", PFREQ_2Weekly, "2016-04-15", everyNth(2, 52), 2},
-             {"the 27th counts on beyond 53", PFREQ_2Weekly, "2016-04-06", everyNth(2, 54), 2},
-             {"13 times four weeks", PFREQ_4Weekly, "2016-04-29", everyNth(4, 52), 4},
-             {"ends of tax months, 52 for 53", PFREQ_Monthly, "2016-04-30", monthEnds, 0},
-             {"four quarters", PFREQ_Quarterly, "2016-06-30", {13, 27, 40, 52}, 13},
-             {"two halves", PFREQ_BiAnnual, "2016-09-30", {27, 52}, 26},
-             {"one year", PFREQ_Annual, "2017-03-31", {52}, 52}}) {
+    for (const Year& year : std::vector<Year>{
+             {"52 Fridays", PFREQ_1Weekly, "2016-04-08", everyNth(1, 52), 1, 40},
+             {"the last Wednesday is 5 April", PFREQ_1Weekly, "2016-04-06", everyNth(1, 53), 1, 40},
+             {"26 fortnights", PFREQ_2Weekly, "2016-04-15", everyNth(2, 52), 2, 80},
+             {"the 27th counts on beyond 53", PFREQ_2Weekly, "2016-04-06", everyNth(2, 54), 2, 80},
+             {"13 times four weeks", PFREQ_4Weekly, "2016-04-29", everyNth(4, 52), 4, 160},
+             {"ends of tax months, 52 for 53", PFREQ_Monthly, "2016-04-30", monthEnds, 0, 160},
+             {"four quarters", PFREQ_Quarterly, "2016-06-30", {13, 27, 40, 52}, 13, 520},
+             {"two halves", PFREQ_BiAnnual, "2016-09-30", {27, 52}, 26, 1040},
+             {"one year", PFREQ_Annual, "2017-03-31", {52}, 52, 2080}}) {
         PayOffice office;
         History history = yearStart(year.frequency);
         history.nextPay = year.firstPay;
-        office.hire(7, year.frequency, history);
+        office.hire(7, year.frequency, history)
+            .details(
+                "PREHourlyPaid = True, PRENormHours2 = 8, PRENormHours3 = 8, PRENormHours4 = 8,"
+                " PRENormHours5 = 7.75, PRENormHours6 = 8.25");
         office.company.load();
         const auto columns = office.open(day("2017-04-05"));
+        const auto rows = office.payRows(openRows);
         EXPECT_EQ(each(columns, &Column::week), year.weeks) << year.reason;
-        EXPECT_EQ(numbersOf(office.payRows(openRows), "PRPWeekNo"), year.weeks) << year.reason;
+        EXPECT_EQ(numbersOf(rows, "PRPWeekNo"), year.weeks) << year.reason;
+        EXPECT_EQ(rows.at(0).at("PRPStdHours").toDouble(), year.hours) << year.reason;
         std::int32_t month = 0;
         for (const Column& column : columns) {
             EXPECT_EQ(column.period, year.period == 0 ? --month : year.period) << year.reason;
@@ -57,13 +62,8 @@ TEST(WeekList, CountsOnFromTheLastWeekOnlyWhenThatHasRunAhead) {
     PayOffice office;
     office.hire(7, PFREQ_1Weekly, {20, "2016-07-10", "2016-07-15", "2016-07-17"});
     office.hire(8, PFREQ_1Weekly, {10, "2016-07-10", "2016-07-15", "2016-07-17"});
-    office.hire(9, PFREQ_1Weekly, {32767, "2016-04-05", "2016-12-30", "2017-01-03"});
     office.company.load();
     EXPECT_THAT(each(office.open(day("2016-07-22")), &Column::week), ElementsAre(21, 22, 15, 16));
-    const auto rows = office.payRows();
-    EXPECT_EQ(raisedBy([&] { office.open(day("2016-12-30"), PFREQ_SelAll, 0, 9); }),
-              error_number::overflow);  // weeks are 16-bit numbers
-    EXPECT_EQ(office.payRows(), rows);
 }
 
 TEST(Run, GivesEachPeriodItsDatesAndAllTheSamePayDate) {
@@ -112,7 +112,6 @@ TEST(Selection, LeavesOutCasualsLeaversAndWhatTheHostDidNotChoose) {
         naids.erase(std::unique(naids.begin(), naids.end()), naids.end());
         return naids;
     };
-    EXPECT_THAT(chosen(PFREQ_Monthly, 0, 0), ElementsAre(2, 3));
     EXPECT_THAT(chosen(PFREQ_Monthly, 5, 0), ElementsAre(2));
     EXPECT_THAT(chosen(PFREQ_SelAll, 0, 3), ElementsAre(3));
     EXPECT_THAT(chosen(PFREQ_Casual, 0, 0), IsEmpty());
@@ -123,16 +122,17 @@ TEST(Selection, LeavesOutCasualsLeaversAndWhatTheHostDidNotChoose) {
 
 TEST(Selection, IsWorkedInTheOrderOfCodeThenNameThenNumber) {
     PayOffice office;
-    const auto hire = [&](std::int32_t naid, const std::string& seq, const std::string& name) {
-        office.hire(naid).customer("NASeq = '" + seq + "', NABusName = '" + name + "'");
-    };
     const std::string hundred(100, 'x');  // what stands behind 100 characters does not count
-    hire(1, "10", "Adams");
-    hire(2, "2", "brown");
-    hire(3, "2", "Brown");
-    hire(4, "2", "Able");
-    hire(5, "99", hundred + "b");
-    hire(6, "99", hundred + "a");
+    std::int32_t naid = 0;
+    for (const auto& [seq, name] :
+         std::vector<std::pair<std::string, std::string>>{{"10", "Adams"},
+                                                          {"2", "brown"},
+                                                          {"2", "Brown"},
+                                                          {"2", "Able"},
+                                                          {"99", hundred + "b"},
+                                                          {"99", hundred + "a"}}) {
+        office.hire(++naid).customer("NASeq = '" + seq + "', NABusName = '" + name + "'");
+    }
     office.company.load();
     EXPECT_THAT(each(office.open(day("2016-04-08")), &Column::naid), ElementsAre(4, 2, 3, 1, 5, 6));
 }
@@ -159,18 +159,15 @@ TEST(Run, OpenedAgainUsesItsRowsInOrderBeforeItAddsAny) {
     office.company.load();
     const auto two = office.open(day("2016-04-15"));
     const auto rows = office.payRows();
-    EXPECT_EQ(office.open(day("2016-04-15")), two);
-    EXPECT_EQ(office.payRows(), rows);
-    office.company.load();  // open rows do not move the employment
-    EXPECT_EQ(office.open(day("2016-04-15")), two);
-    EXPECT_EQ(office.payRows(), rows);
-
+    for (int time = 2; time <= 3; ++time) {
+        EXPECT_EQ(office.open(day("2016-04-15")), two);
+        EXPECT_EQ(office.payRows(), rows);
+        office.company.load();  // open rows do not move the employment
+    }
     const auto three = office.open(day("2016-04-22"));
     EXPECT_THAT(each(three, &Column::payRecord),
                 ElementsAre(two.at(0).payRecord, two.at(1).payRecord, two[1].payRecord + 1));
-    const auto third = office.payRow(three.at(2).payRecord);
     EXPECT_EQ(office.open(day("2016-04-15")), two);  // rows beyond the periods due stay
-    EXPECT_EQ(office.payRow(three[2].payRecord), third);
     // Rows of another year are out of sight.
     office.company.exec("UPDATE PRPay SET PRPPayrollYear = 16 WHERE PRPPeriodUpdated = 0");
     EXPECT_GT(office.open(day("2016-04-08")).at(0).payRecord, three[2].payRecord);
@@ -190,8 +187,6 @@ TEST(ImportedPay, LandsInTheFirstPeriodAndEarningsWhereTheyWereEarned) {
     bool hasUnchecked = false;
     office.payroll().C_InputHoursInit(day("2016-04-08"), -1, 0, 0, nullptr, &hasUnchecked);
     EXPECT_TRUE(hasUnchecked);  // though employee 8, worked last, has none
-    office.payroll().C_InputHoursInit(day("2016-04-08"), -1, 0, 8, nullptr, &hasUnchecked);
-    EXPECT_FALSE(hasUnchecked);
 }
 
 TEST(Run, BrokenOffAtAnyWriteKeepsWhatIsStoredAndIsCompletedByARepeat) {
@@ -201,20 +196,24 @@ TEST(Run, BrokenOffAtAnyWriteKeepsWhatIsStoredAndIsCompletedByARepeat) {
         office.hire(8);
         office.company.load();
     };
+    const auto openAndClose = [&](PayOffice& office) {
+        office.open(payDate);
+        for (const std::int32_t naid : {7, 8}) office.payroll().C_UpdatePayPeriod(naid, payDate);
+        office.company.load();
+    };
     PayOffice undisturbed;
     staff(undisturbed);
-    const auto columns = undisturbed.open(payDate);
-    ASSERT_THAT(columns, SizeIs(3));
-    for (int write = 1; write <= 6; ++write) {  // each row is made and then refreshed
+    openAndClose(undisturbed);
+    int write = 0;
+    // Each of three rows is made, then refreshed, and closed at last.
+    for (const std::size_t open : {0U, 1U, 1U, 2U, 2U, 3U, 3U, 2U, 1U}) {
         PayOffice office;
         staff(office);
-        office.failAtWrite(write);
-        Variant array("untouched");
-        EXPECT_EQ(raisedBy([&] { office.payroll().C_InputHoursInit(payDate, -1, 0, 0, &array); }),
-                  error_number::databaseError);
-        EXPECT_EQ(array, Variant("untouched"));
-        EXPECT_THAT(office.payRows(openRows), SizeIs(static_cast<std::size_t>(write) / 2));
-        EXPECT_EQ(office.open(payDate), columns) << "after write " << write;
+        office.failAtWrite(++write);
+        EXPECT_EQ(raisedBy([&] { openAndClose(office); }), error_number::databaseError);
+        EXPECT_THAT(office.payRows(openRows), SizeIs(open)) << "after write " << write;
+        office.company.load();
+        openAndClose(office);
         EXPECT_EQ(office.payRows(), undisturbed.payRows()) << "after write " << write;
     }
 }

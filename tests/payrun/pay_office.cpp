@@ -37,7 +37,15 @@ std::vector<Column> PayOffice::open(Date payDate, std::int32_t frequency, std::i
                                     std::int32_t naid) {
     Variant array;
     payroll().C_InputHoursInit(payDate, frequency, group, naid, &array);
-    return columnsOf(array);
+    const VariantArray& cells = array.array();
+    std::vector<Column> columns;
+    for (std::int32_t n = 1; n <= cells.upperBound(2); ++n) {
+        if (cells.at(1, n).isEmpty()) continue;
+        columns.push_back({cells.at(1, n).toInt32(), cells.at(2, n).toInt32(),
+                           cells.at(3, n).toDate(), cells.at(4, n).toDate(), cells.at(6, n),
+                           cells.at(7, n).toInt32(), cells.at(8, n).toInt32()});
+    }
+    return columns;
 }
 
 std::vector<TableRow> PayOffice::payRows(const std::string& where) {
@@ -52,18 +60,6 @@ std::vector<TableRow> PayOffice::payRows(const std::string& where) {
         }
     }
     return result;
-}
-
-std::vector<Column> columnsOf(const Variant& array) {
-    const VariantArray& cells = array.array();
-    std::vector<Column> columns;
-    for (std::int32_t n = 1; n <= cells.upperBound(2); ++n) {
-        if (cells.at(1, n).isEmpty()) continue;
-        columns.push_back({cells.at(1, n).toInt32(), cells.at(2, n).toInt32(),
-                           cells.at(3, n).toDate(), cells.at(4, n).toDate(), cells.at(6, n),
-                           cells.at(7, n).toInt32(), cells.at(8, n).toInt32()});
-    }
-    return columns;
 }
 
 std::vector<std::int32_t> numbersOf(const std::vector<TableRow>& rows, std::string_view field) {

@@ -73,9 +73,6 @@ class PayOffice {
 
 inline const std::string openRows = "PRPPeriodUpdated = False";
 
-// The columns of the array, one by one; none when it says that nothing was due.
-std::vector<Column> columnsOf(const Variant& array);
-
 // One field, row by row, and one item, column by column.
 std::vector<std::int32_t> numbersOf(const std::vector<TableRow>& rows, std::string_view field);
 std::vector<std::string> datesOf(const std::vector<TableRow>& rows, std::string_view field);

@@ -50,18 +50,15 @@ TEST(Closing, TakesTheEmployeesRowsUpToTheDateAndChangesNothingElse) {
     person.open(week(10)).pay("PRPPayDate = #4/1/2016#, PRPPayrollYear = 16");
     person.open(week(11)).pay("PRPPayDate = #4/1/2016#, PRPPaymentPeriod = 0");
     auto expected = office.payRows();
-    std::size_t closing = 0;
     for (TableRow& row : expected) {
         const std::int32_t week = row.at("PRPWeekNo").toInt32();
-        if (row.at("PRPNAID").toInt32() != 7 || !(week == 1 || week == 2 || week == 10)) continue;
-        row.at("PRPPeriodUpdated") = true;
-        ++closing;
+        const bool due = week == 1 || week == 2 || week == 10;
+        if (row.at("PRPNAID") == Variant(7) && due) row.at("PRPPeriodUpdated") = true;
     }
-    ASSERT_EQ(closing, 3U);
-    office.payroll().C_UpdatePayPeriod(7, day("2016-04-15"));
-    EXPECT_EQ(office.payRows(), expected);
-    office.payroll().C_UpdatePayPeriod(7, day("2016-04-15"));  // nothing is left to close
-    EXPECT_EQ(office.payRows(), expected);
+    for (int time = 1; time <= 2; ++time) {
+        office.payroll().C_UpdatePayPeriod(7, day("2016-04-15"));
+        EXPECT_EQ(office.payRows(), expected);
+    }
     EXPECT_EQ(raisedBy([&] { office.payroll().C_UpdatePayPeriod(99, day("2016-04-15")); }),
               error_number::objectNotSet);
 }
@@ -79,29 +76,6 @@ TEST(Closing, GivesTheLastMonthItsDatesByThePayDayRuleOfTheMoment) {
     expected.back().at("PRPNExpEPEDate") = day("2016-07-31");
     office.payroll().C_UpdatePayPeriod(7, day("2016-06-30"));
     EXPECT_EQ(office.payRows(), expected);
-}
-
-TEST(Closing, BrokenOffKeepsWhatIsClosedAndIsCompletedAfterALoad) {
-    const Date payDate = day("2016-06-30");
-    const auto prepare = [&](PayOffice& office) {
-        office.hire(7, PFREQ_Monthly);
-        office.company.load();
-        office.open(payDate);
-    };
-    PayOffice undisturbed;
-    prepare(undisturbed);
-    undisturbed.payroll().C_UpdatePayPeriod(7, payDate);
-    for (int write = 1; write <= 3; ++write) {
-        PayOffice office;
-        prepare(office);
-        office.failAtWrite(write);
-        EXPECT_EQ(raisedBy([&] { office.payroll().C_UpdatePayPeriod(7, payDate); }),
-                  error_number::databaseError);
-        EXPECT_THAT(office.payRows(openRows), SizeIs(static_cast<std::size_t>(4 - write)));
-        office.company.load();
-        office.payroll().C_UpdatePayPeriod(7, payDate);
-        EXPECT_EQ(office.payRows(), undisturbed.payRows()) << "after write " << write;
-    }
 }
 
 TEST(VisitedMark, IsWithdrawnFromTheEmployeesOpenRowsOnly) {
@@ -130,8 +104,7 @@ TEST(StartingRow, IsClosedHoldsNoPayAndGivesTheFirstDates) {
     PayOffice office;
     office.hire(7, PFREQ_1Weekly, {12, "2016-06-28", "2016-07-08", "2016-07-05"});
     office.company.load();
-    const TableRow row = office.payRows().at(0);
-    EXPECT_TRUE(row.at("PRPPeriodUpdated").toBoolean());
+    const TableRow row = office.payRows("PRPPeriodUpdated = True").at(0);
     EXPECT_EQ(row.at("PRPCalculationUsed").toInt32(), 0);
     EXPECT_EQ(row.at("PRPPaymentPeriod").toInt32(), 0);
     EXPECT_EQ(row.at("PRPPayDate").toDate(), day("2016-06-28"));  // twelve weeks after year end
@@ -141,19 +114,8 @@ TEST(StartingRow, IsClosedHoldsNoPayAndGivesTheFirstDates) {
     EXPECT_EQ(employment.NExpPayDate(), day("2016-07-08"));
     EXPECT_EQ(employment.NExpEPEDate(), day("2016-07-05"));
     EXPECT_FALSE(employment.PaymentsExist());
-}
-
-TEST(StartingRow, NeedsAnEmployeeAndAYearEndThatMatchesTheCurrentYear) {
-    PayOffice office;
-    office.company.employee(7);
-    const auto start = [&](std::int32_t naid) {
-        return raisedBy([&] { office.payroll().C_CreateStartingPayRecord(naid, 0, {}, {}, {}); });
-    };
-    EXPECT_EQ(start(99), error_number::noCurrentRecord);
-    office.company.exec("UPDATE PRYearEnds SET PRYEDate = PRYEDate - 366 WHERE PRYEYear = 16");
-    office.company.state().ReloadYearEnds();
-    EXPECT_EQ(start(7), 9901);
-    EXPECT_THAT(office.payRows(), IsEmpty());
+    EXPECT_EQ(raisedBy([&] { office.payroll().C_CreateStartingPayRecord(99, 0, {}, {}, {}); }),
+              error_number::noCurrentRecord);
 }
 
 }  // namespace
