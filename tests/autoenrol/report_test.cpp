@@ -7,32 +7,21 @@
 namespace ledgerwick::test {
 namespace {
 
-// All that the load and the fold leave on an employment.
-std::vector<Variant> stateOf(const cEmployment& e) {
-    // clang-format off
-    return {
-        e.PRTID(), e.PayrollYear(), e.EmployCount(), e.PRTStartDate(), e.EndDate(),
-        e.Active(), e.AEStatusStart(), e.Continuation(), e.AEContinuation(),
-        e.EmpType(), e.NExpPayDate(), e.NExpPRP(), e.LExpPRP(), e.AEStatusCur(),
-        e.LastEPEDate(), e.LastWeekNo(), e.LastPayDate(), e.LastPayFreq(),
-        e.NExpEPEDate(), e.FirstEPEDate(), e.PaymentsExist(), e.LastUD_PRPID(),
-        e.LastMonthNo(), e.HasImportedPay(), e.ImportedPayValue(), e.LExpPayDate(),
-        e.StartDate(), e.HMRCStartDate(), e.LastRTISet(), e.LastRTI(),
-        e.ContinuationOfPRTID(), e.FirstPRPID(), e.SMPCurStatus(),
-        e.SMPConsecutiveWeeks(), e.SAPCurStatus(), e.SAPConsecutiveWeeks(),
-        e.SPPCurStatus(), e.SPPConsecutiveWeeks(), e.ShPPCurStatus(),
-        e.ShPPConsecutiveDays(), e.SLCurStatus(), e.SLLastKnownPlan(), e.PGLCurStatus(),
-        e.PGLWasDeducted()};
-    // clang-format on
-}
-
+// What the load and the fold leave on an employee.
 std::vector<Variant> stateOf(cEmployee& employee) {
     std::vector<Variant> state{
         employee.Active(), employee.Casual(), employee.MostRecentEmploymentPRTID(),
         employee.PreviousEmploymentPRTID(), employee.CurEmployment()->PRTID()};
-    for (const auto& employment : employee.Employments()) {
-        const auto part = stateOf(*employment);
-        state.insert(state.end(), part.begin(), part.end());
+    for (const auto& e : employee.Employments()) {
+        // clang-format off
+        state.insert(state.end(), {
+            e->PRTID(), e->Active(), e->Continuation(), e->StartDate(), e->NExpPayDate(),
+            e->LExpPayDate(), e->NExpEPEDate(), e->LastEPEDate(), e->FirstEPEDate(), e->NExpPRP(),
+            e->LExpPRP(), e->LastWeekNo(), e->LastMonthNo(), e->LastPayDate(), e->LastPayFreq(),
+            e->PaymentsExist(), e->LastUD_PRPID(), e->FirstPRPID(), e->LastRTISet(), e->LastRTI(),
+            e->SMPCurStatus(), e->SMPConsecutiveWeeks(), e->SPPConsecutiveWeeks(),
+            e->ShPPConsecutiveDays(), e->SLCurStatus(), e->SLLastKnownPlan(), e->PGLWasDeducted()});
+        // clang-format on
     }
     return state;
 }

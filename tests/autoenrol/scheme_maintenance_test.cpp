@@ -44,19 +44,16 @@ class SchemeMaintenance : public testing::Test {
     Company company;
 };
 
-TEST_F(SchemeMaintenance, WithdrawsTheMarkFromTheSchemesOpenRowsOfTheYear) {
+TEST_F(SchemeMaintenance, WithdrawsMarksAndBringsTheSchemesEmployeesUpToDate) {
+    company.exec("UPDATE PensionSchemes SET PSDefEE = PSDefEE + 2, PSDefER = PSDefER + 2");
+    EXPECT_TRUE(company.payroll().C_PenWorkplaceSchemeUpdate(5).isEmpty()) << "nobody is in it";
+    EXPECT_THAT(withdrawn(), IsEmpty());
     EXPECT_TRUE(company.payroll().C_PenWorkplaceSchemeUpdate(3).isEmpty());
     EXPECT_THAT(withdrawn(), ElementsAre(std::pair{7, 2}, std::pair{8, 1}));
-}
-
-TEST_F(SchemeMaintenance, BringsTheSchemesEmployeesUpToDate) {
-    company.exec("UPDATE PensionSchemes SET PSDefEE = PSDefEE + 2, PSDefER = PSDefER + 2");
-    company.payroll().C_PenWorkplaceSchemeUpdate(3);
     EXPECT_EQ(company.at(7).PenWorkplaceEEDeductPC(), 6.0F);
     EXPECT_EQ(company.at(7).PenWorkplaceERDeductPC(), 7.0F);
     EXPECT_EQ(company.at(8).PenWorkplaceEEDeductPC(), 2.5F);
     EXPECT_EQ(company.at(9).PenWorkplaceEEDeductPC(), 1.0F);
-    EXPECT_TRUE(company.payroll().C_PenWorkplaceSchemeUpdate(5).isEmpty()) << "nobody is in it";
 }
 
 TEST_F(SchemeMaintenance, StopsAtAnEmployeeWhoIsNotInTheList) {

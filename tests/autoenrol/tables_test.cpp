@@ -55,61 +55,22 @@ class WorkerTable : public testing::Test {
 using AEStatusTable = WorkerTable;
 using ActiveEmployeesTable = WorkerTable;
 
-TEST_F(AEStatusTable, TellsThePersonAndTheStatus) {
-    cEmployee& ann = worker(7, "7", "Ann Archer");
-    ann.NINO("AB123456C");
-    ann.AEJoinedDate(on(1, 5, 2016));
+TEST_F(AEStatusTable, LeavesOutDatesThatAreNotKnown) {
+    cEmployee& ann = worker(7, "1234", "Ann Archer");
     ann.AEOptInDate(noDate1961);
     ann.AEOptOutDate(on(2, 5, 2016));
-    pay(ann, 0);
-
-    ResultTable table = status();
-    ASSERT_EQ(table.RecordCount(), 1);
-    EXPECT_EQ(table.AbsolutePosition(), 0);
-    const std::pair<const char*, Variant> expected[] = {
-        {"NAID", std::int64_t{7}},
-        {"Name", "Ann Archer"},
-        {"NameSort", "7  Ann Archer"},
-        {"NINO", "AB123456C"},
-        {"StaffNo", "W7"},
-        {"PayFreq", std::int64_t{PFREQ_1Weekly}},
-        {"HourlyRate", Currency::fromDouble(7.5)},
-        {"PeriodRate", Currency::fromWhole(300)},
-        {"SchemeID", std::int64_t{0}},
-        {"Scheme", ""},
-        {"JoinedDate", on(1, 5, 2016)},
-        {"OptInDate", Date()},
-        {"EnrolledDate", {}},
-        {"OptOutDate", on(2, 5, 2016)},
-        {"FirstAssessDate", on(29, 4, 2016)},
-        {"FirstAssessCategory", "First Cat"},
-        {"PrevAssessDate", Date()},
-        {"PrevAssessCategory", "*"},
-        {"NextAssessDate", on(29, 4, 2016)},
-        {"NextAssessCategory", "Cur Category"},
-        {"NextAssessChange", "Cur Change"},
-    };
-    ASSERT_EQ(table.FieldCount(), static_cast<std::int32_t>(std::size(expected)));
-    for (std::int32_t i = 0; i < table.FieldCount(); ++i) {
-        const auto& [name, value] = expected[i];
-        EXPECT_EQ(table.Field(i).name, name);
-        EXPECT_TRUE(table.Fields(name) == value) << name;
+    for (const bool paid : {false, true}) {
+        if (paid) pay(ann, 0);
+        const ResultTable table = status();
+        EXPECT_TRUE(table.Fields("NameSort") == "123Ann Archer");
+        EXPECT_TRUE(table.Fields("OptInDate") == Date());
+        EXPECT_TRUE(table.Fields("EnrolledDate").isEmpty());
+        EXPECT_TRUE(table.Fields("OptOutDate") == on(2, 5, 2016));
+        EXPECT_TRUE(table.Fields("StaffNo") == (paid ? "W7" : ""));
+        EXPECT_TRUE(table.Fields("HourlyRate") == Currency::fromDouble(paid ? 7.5 : 0));
+        EXPECT_TRUE(table.Fields("FirstAssessDate") == (paid ? on(29, 4, 2016) : Date()));
+        EXPECT_TRUE(table.Fields("NextAssessCategory") == (paid ? "Cur Category" : ""));
     }
-}
-
-TEST_F(AEStatusTable, ShowsAWorkerWithoutPaymentsWithABlankStatus) {
-    worker(7, "1234", "Ann Archer");
-    ResultTable table = status(7);
-    ASSERT_EQ(table.RecordCount(), 1);
-    EXPECT_TRUE(table.Fields("NameSort") == "123Ann Archer");
-    for (const char* text : {"StaffNo", "Scheme", "FirstAssessCategory", "PrevAssessCategory",
-                             "NextAssessCategory", "NextAssessChange"}) {
-        EXPECT_TRUE(table.Fields(text) == "") << text;
-    }
-    for (const char* date : {"FirstAssessDate", "PrevAssessDate", "NextAssessDate"}) {
-        EXPECT_TRUE(table.Fields(date) == Date()) << date;
-    }
-    EXPECT_TRUE(table.Fields("PeriodRate") == Currency());
 }
 
 TEST_F(AEStatusTable, ListsRegularActiveWorkersInTheOrderOfTheList) {
@@ -131,17 +92,13 @@ TEST_F(AEStatusTable, ListsRegularActiveWorkersInTheOrderOfTheList) {
 TEST_F(AEStatusTable, AsksForTheNameOfASchemeOnce) {
     host.database().answer("PSID = 3", {Row{{field::PSID, 3}, {field::PSDesc, "Oak Plan"}}});
     host.database().answer("PSID = 4", {});
-    pay(worker(7, "", "A"), 3);
-    pay(worker(8, "", "B"), 4);
-    pay(worker(9, "", "C"), 3);
-    pay(worker(10, "", "D"), 4);
+    for (const std::int32_t naid : {7, 8, 9, 10}) pay(worker(naid, "", "A"), 4 - naid % 2);
 
     ResultTable table = status();
-    std::vector<Variant> schemes;
     for (table.MoveFirst(); !table.Eof(); table.MoveNext()) {
-        schemes.push_back(table.Fields("Scheme"));
+        const bool known = table.Fields("SchemeID") == std::int64_t{3};
+        EXPECT_TRUE(table.Fields("Scheme") == (known ? Variant("Oak Plan") : Variant()));
     }
-    EXPECT_EQ(schemes, (std::vector<Variant>{"Oak Plan", {}, "Oak Plan", {}}));
     const auto& opened = host.database().opened();
     const auto asked = [&](std::string_view scheme) {
         return std::count_if(opened.begin(), opened.end(), [&](const std::string& sql) {
@@ -150,7 +107,6 @@ TEST_F(AEStatusTable, AsksForTheNameOfASchemeOnce) {
     };
     EXPECT_EQ(asked("PSID = 3"), 1);
     EXPECT_EQ(asked("PSID = 4"), 2) << "a number without a scheme is looked up again";
-    EXPECT_EQ(asked("PSID = 0"), 0);
 }
 
 TEST_F(ActiveEmployeesTable, IsSortedBySequenceAndName) {
@@ -165,62 +121,16 @@ TEST_F(ActiveEmployeesTable, IsSortedBySequenceAndName) {
     EXPECT_EQ(order, (std::vector<std::int64_t>{9, 8, 7}));
 }
 
-TEST_F(ActiveEmployeesTable, HasAShortAndALongForm) {
-    EXPECT_EQ(payroll.C_ActiveEmployees().RecordCount(), 0);
-    EXPECT_EQ(payroll.C_ActiveEmployees().FieldCount(), 5);
-
-    cEmployee& ann = worker(7, "7", "Ann Archer");
-    ann.DOB(on(1, 2, 1980));
-    ann.Sex("F");
-    ann.NITable("A");
-    ann.Director(true);
-    ann.PenWorkplaceSchemeID(3);
-    ann.PenWorkplaceEEDeductPC(1.5F);
-    ann.PenWorkplaceERDeductPC(2.5F);
+TEST_F(ActiveEmployeesTable, ShowsTheSchemesAmountsAndNoDatesWithoutACurrentEmployment) {
+    cEmployee& ann = *host.employee(7, PFREQ_1Weekly);
+    ann.Active(true);
     ann.PenWorkplaceEEDeductFlat(Currency::fromWhole(4));
     ann.PenWorkplaceERDeductFlat(Currency::fromWhole(5));
-    ann.Group(6);
-    ann.PostCode("CB7 4AB");
-    ann.TaxCode("1100L");
     ann.Country("England");
-    Rows closed{closedPayRow(1).with(field::PRTID, 70)};
-    ann.AddPayment(closed);
-
-    ResultTable table = payroll.C_ActiveEmployees(true);
-    const std::pair<const char*, Variant> expected[] = {
-        {"NAID", std::int64_t{7}},
-        {"NASeq", {}},
-        {"NABusName", "Ann Archer"},
-        {"NABusNameSort", "7  Ann Archer"},
-        {"NExpPayDate", on(22, 4, 2016)},
-        {"PayFreq", std::int32_t{PFREQ_1Weekly}},
-        {"DoB", on(1, 2, 1980)},
-        {"Sex", "F"},
-        {"NITable", "A"},
-        {"Director", true},
-        {"PenWorkplaceSchemeID", std::int64_t{3}},
-        {"PenEEDeductPC", 1.5F},
-        {"PenERDeductPC", 2.5F},
-        {"PenEEDeductFlat", Currency::fromWhole(4)},
-        {"PenERDeductFlat", Currency::fromWhole(5)},
-        {"LastPayDate", on(15, 4, 2016)},
-        {"PREGroup", std::int64_t{6}},
-        {"PostCode", "CB7 4AB"},
-        {"TaxCode", "1100L"},
-        {"ShortName", "Ann Archer"},
-        {"Country", "England"},
-    };
-    ASSERT_EQ(table.FieldCount(), static_cast<std::int32_t>(std::size(expected)));
-    for (std::int32_t i = 0; i < table.FieldCount(); ++i) {
-        const auto& [name, value] = expected[i];
-        EXPECT_EQ(table.Field(i).name, name);
-        EXPECT_TRUE(table.Fields(name) == value) << name;
-    }
-}
-
-TEST_F(ActiveEmployeesTable, ShowsNoDatesForAWorkerWithoutACurrentEmployment) {
-    host.employee(7, PFREQ_1Weekly)->Active(true);
     const ResultTable table = payroll.C_ActiveEmployees(true);
+    EXPECT_TRUE(table.Fields("PenEEDeductFlat") == Currency::fromWhole(4));
+    EXPECT_TRUE(table.Fields("PenERDeductFlat") == Currency::fromWhole(5));
+    EXPECT_TRUE(table.Fields("Country") == "England");
     EXPECT_TRUE(table.Fields("NExpPayDate") == Date());
     EXPECT_TRUE(table.Fields("LastPayDate") == Date());
 }
