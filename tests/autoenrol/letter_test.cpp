@@ -6,9 +6,10 @@
 #include <functional>
 
 #include "ledgerwick/autoenrol/ae_letter_detail.h"
+#include "ledgerwick/shell/host.h"
+#include "ledgerwick/shell/identify.h"
 #include "tests/support/errors.h"
 #include "tests/support/expect.h"
-#include "tests/support/memory_host.h"
 
 namespace ledgerwick::test {
 namespace {
@@ -42,7 +43,11 @@ class Letter : public testing::Test {
         moveProgram(folder);
         identify.Setfp(files);
     }
-    ~Letter() override { fs::remove_all(folder); }
+    ~Letter() override {
+        identify.SetCallerGlobal(nullptr);
+        identify.Setfp(nullptr);
+        fs::remove_all(folder);
+    }
 
     void moveProgram(const fs::path& path) {
         const auto global = std::make_shared<Global>();
@@ -60,7 +65,6 @@ class Letter : public testing::Test {
         return letter.LetterText();
     }
 
-    MemoryHost host;
     fs::path folder = newFolder();
     std::shared_ptr<Files> files = std::make_shared<Files>();
     Identify identify;
@@ -192,14 +196,6 @@ TEST_F(Letter, TakesTheSignatureFromTheProgramFolderOfItsMaking) {
     EXPECT_EQ(early.SignatureFile(), "/elsewhere/Graphics/Signature.gif");
     letter.SignatureFile("");
     EXPECT_EQ(letter.SignatureFile(), "");
-}
-
-TEST_F(Letter, DatesFromTodayUntilItsDateIsSet) {
-    host.state->today = on(3, 5, 2016);
-    CAELetterDetail letter;
-    EXPECT_EQ(letter.LetterDate(), on(3, 5, 2016));
-    letter.LetterDate(on(29, 2, 2016));
-    EXPECT_EQ(letter.LetterDate(), on(29, 2, 2016));
 }
 
 TEST(LetterHeading, NamesTheSchemeAndTheType) {

@@ -74,5 +74,57 @@ TEST_F(AutoEnrolReport, ShowsRowsClosedLaterOnceTheEmployeeIsLoadedAgain) {
     EXPECT_TRUE(nextAssessDate(false) == Date());
 }
 
+// Two regular workers, a casual and a leaver.
+class WorkerTables : public testing::Test {
+  protected:
+    WorkerTables() {
+        company.employee(7).named("zoe").customer("NASeq = '1234', NACountry = 'Wales'");
+        company.employee(7).details(
+            "PREPensionOptInDate = #1/1/1961#, PREPensionOptOutDate = #5/2/2016#,"
+            " PREPenWorkplaceEEDeductFlat = 4, PREPenWorkplaceERDeductFlat = 5");
+        company.employee(7).inScheme(3, false);
+        company.employee(8).named("Ann").customer("NASeq = '1234'");
+        company.employee(8).closed(week(1)).pay("PRPPenWorkplaceSchemeID = 4");
+        company.employee(9).casual();
+        company.employee(10).left("2016-04-20");
+        company.load();
+    }
+    ResultTable status(std::int32_t naid) {
+        return company.payroll().GetAEStatus(day("2017-04-05"), 17, true, naid);
+    }
+
+    Company company;
+};
+
+TEST_F(WorkerTables, TellTheStatusOfRegularActiveWorkersInTheOrderOfTheList) {
+    for (const std::int32_t naid : {9, 10, 11}) {
+        EXPECT_EQ(status(naid).RecordCount(), 0);
+        EXPECT_EQ(status(naid).FieldCount(), 21);
+    }
+    EXPECT_EQ(status(0).RecordCount(), 2);
+    const ResultTable ann = status(-1);
+    EXPECT_TRUE(ann.Fields("Name") == "Ann") << "stands on the row stored last";
+    EXPECT_TRUE(ann.Fields("Scheme").isEmpty()) << "there is no scheme 4";
+    const ResultTable zoe = status(7);
+    EXPECT_TRUE(zoe.Fields("OptInDate") == Date());
+    EXPECT_TRUE(zoe.Fields("OptOutDate") == day("2016-05-02"));
+    EXPECT_TRUE(zoe.Fields("EnrolledDate").isEmpty());
+    for (const char* text : {"StaffNo", "Scheme", "FirstAssessCategory", "PrevAssessCategory"}) {
+        EXPECT_TRUE(zoe.Fields(text) == "") << text;
+    }
+    EXPECT_TRUE(zoe.Fields("FirstAssessDate") == Date());
+}
+
+TEST_F(WorkerTables, ListThemByTheStartOfTheSequenceAndTheName) {
+    ResultTable table = company.payroll().C_ActiveEmployees(true);
+    EXPECT_EQ(table.RecordCount(), 2);
+    EXPECT_TRUE(table.Fields("NABusNameSort") == "123Ann");
+    table.MoveNext();
+    EXPECT_TRUE(table.Fields("NABusNameSort") == "123zoe");
+    EXPECT_TRUE(table.Fields("PenEEDeductFlat") == Currency::fromWhole(4));
+    EXPECT_TRUE(table.Fields("PenERDeductFlat") == Currency::fromWhole(5));
+    EXPECT_TRUE(table.Fields("Country") == "Wales");
+}
+
 }  // namespace
 }  // namespace ledgerwick::test
