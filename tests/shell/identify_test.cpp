@@ -16,10 +16,6 @@ const ObjectRef& dataAccess() {
     return DLLGlobal::references().DAO_ADO;
 }
 
-TEST(Identify, TellsItsVersionBeforeAnyHostIsLinked) {
-    EXPECT_EQ(Identify().version(), "10.8.000");
-}
-
 TEST(Identify, EachConstructionOverwritesTheDataAccessObject) {
     Identify first;
     const auto ofTheHost = std::make_shared<DataAccess>();
@@ -27,28 +23,24 @@ TEST(Identify, EachConstructionOverwritesTheDataAccessObject) {
     ASSERT_EQ(dataAccess(), ofTheHost);
     Identify second;
     EXPECT_NE(dataAccess(), ofTheHost);
+    EXPECT_EQ(second.version(), "10.8.000");
 }
 
 TEST(Identify, IsMadeOnceForEachObjectThatIsAskedForIt) {
-    CPayrollFunctions one, other;
-    const Variant first = one.identifyClass();
-    EXPECT_TRUE(std::dynamic_pointer_cast<Identify>(first.toObject()));
-    const auto ofTheHost = std::make_shared<DataAccess>();
-    Identify().SetDAO_ADO(ofTheHost);
-    EXPECT_EQ(one.identifyClass(), first);
-    EXPECT_EQ(dataAccess(), ofTheHost) << "a second read constructs nothing";
-    EXPECT_NE(other.identifyClass(), first);
-    EXPECT_NE(dataAccess(), ofTheHost) << "the read on another object does";
-}
-
-TEST(Identify, IsReleasedWithItsObject) {
     std::weak_ptr<Object> identify;
     {
-        CPayrollFunctions payroll;
-        identify = payroll.identifyClass().toObject();
-        EXPECT_FALSE(identify.expired());
+        CPayrollFunctions one, other;
+        const Variant first = one.identifyClass();
+        identify = first.toObject();
+        EXPECT_TRUE(std::dynamic_pointer_cast<Identify>(first.toObject()));
+        const auto ofTheHost = std::make_shared<DataAccess>();
+        Identify().SetDAO_ADO(ofTheHost);
+        EXPECT_EQ(one.identifyClass(), first);
+        EXPECT_EQ(dataAccess(), ofTheHost) << "a second read constructs nothing";
+        EXPECT_NE(other.identifyClass(), first);
+        EXPECT_NE(dataAccess(), ofTheHost) << "the read on another object does";
     }
-    EXPECT_TRUE(identify.expired());
+    EXPECT_TRUE(identify.expired()) << "released with its object";
 }
 
 }  // namespace
