@@ -124,29 +124,80 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- employment records (employee/employment_records.cpp) -----------------------------------
 
+    // Writes a new employment row of the current payroll year, and with `vAddInfo` a row of starter
+    // details for it. The objects in memory follow at the next load of the employee.
+    // Shape:  `sStartDateIn` is ISO or day first ("2016-04-29", "29/4/2016", "29 April 2016").
+    //         `vAddInfo` is Empty, or an array as `PR_EmploymentsAddInfo_Add` takes it; the
+    //         caller's array is not changed.
+    // Errors: 10678, source "C_CreateNewEmploymentRecord", for a start date that is none, 3021 for
+    //         an employee without details: nothing is written. Those of
+    //         `PR_EmploymentsAddInfo_Add`; the employment row stays.
     void C_CreateNewEmploymentRecord(std::int32_t lngNAIDIn, std::int32_t lngWeekNoLastPaidIn,
                                      std::int16_t iPRTType = PR_ET_Regular,
                                      const std::string& sStartDateIn = {},
                                      const Variant& vAddInfo = {}, bool bContinuation = false,
                                      const std::string& sAEStatus = {});
+    // Writes a row of starter or leaver details, and gives its key.
+    // Shape:  an array whose elements 2 to 18 are the fields from `PRTAPRTID` to `PRTAPEmpPGLoans`
+    //         in the order of schema.h. Element 3 of `PRTAT_JOIN` stores nothing and gives 0;
+    //         element 4 of 0 sets the host's `g_blnPRSchUp`.
+    // Errors: any failure, with its number and with "PR_EmploymentsAddInfo_Add|" before its source.
     std::int32_t PR_EmploymentsAddInfo_Add(const Variant& varArrIn);
 
     // ---- tax calendar (calendar/payroll_calendar.cpp) -------------------------------------------
+    // Source: a tax year runs from 6 April to 5 April. Tax week n is the seven days from 6 April +
+    //         7(n - 1) days, week 53 the day or two left over; tax month n runs from a 6th to a
+    //         5th.
+    // A pay period code is a number of weeks (1, 2, 4, 13, 26, 52), negative for monthly, 0 for
+    // casual pay. Within the tax year 13, 26 and 52 count as 3, 6 and 12 tax months.
 
+    // The tax week that holds the date.
+    // Shape:  1 to 53.
     std::int32_t C_CalcTaxWeek(Date dDate);
+    // The tax month that holds the date.
+    // Shape:  1 to 12.
     std::int32_t C_CalcTaxMonth(Date dDate);
+    // The last day of the pay period that holds the date; the last period of a year is cut at 5
+    // April.
+    // Shape:  `vPeriodDates` becomes an array (1 To 2) of the first and the last day.
+    // Errors: 9909, source "C_CalcTaxPeriodEndDate", for any other pay period code.
     Date C_CalcTaxPeriodEndDate(Date dDate, std::int32_t lPayPeriodIn,
                                 Variant* vPeriodDates = nullptr);
+    // The number of that pay period within the tax year.
+    // Shape:  weekly 1 to 53, fortnightly to 27, four-weekly to 14, monthly to 12, quarterly to 4,
+    //         half-yearly to 2, yearly 1.
+    // Errors: 9909, source "C_CalcTaxWeek", for any other pay period code.
     std::int32_t C_CalcTaxWeek_Month(Date dDate, std::int32_t lPayPeriodIn);
+    // The tax week of the last day of a tax month of the current payroll year.
+    // Errors: 13 and 94 for a month that is no number.
     std::int32_t C_CalcTaxWeek_OF_Month(const Variant& lMonthNo);
+    // The tax month of the first day of a tax week of the current payroll year; week 54 is in month
+    // 1.
+    // Errors: 13 and 94 for a week that is no number.
     std::int32_t C_CalcTaxMonth_OF_Week(const Variant& lWeekNo);
+    // The last day of a tax month of the current payroll year; there is no upper limit.
     Date C_CalcTaxMonthEndDate(std::int16_t iMonth);
+    // The last day of a tax week of the current payroll year, never later than its 5 April.
     Date C_CalcTaxWeekEndDate(std::int16_t iWeek);
+    // The pay period code of a pay frequency.
+    // Errors: 9910, source "PR_Convert_PayFreq_to_PayPeriod", for a frequency that has none.
     std::int16_t C_Convert_PayFreq_to_PayPeriod(PR_Pay_Freq iFreq);
+    // The pay frequency of a pay period code.
+    // Errors: 9911, source "PR_Convert_PayPeriod_to_PayFreq", for any other code.
     PR_Pay_Freq C_Convert_PayPeriod_to_PayFreq(std::int16_t iPeriod);
 
     // ---- next expected dates (calendar/payroll_calendar.cpp) ------------------------------------
 
+    // The expected date behind `dDate`, or with `bReverse` before it.
+    // Shape:  casual steps a day, weekly codes so many weeks, and 13, 26 and 52 weeks for the
+    //         longer ones. Monthly follows the rule in the parameter "PRNExpD_M1" (pay) or
+    //         "PREPED_M1" (end of period): 0 the last day of the month, 1 to 31 that day, -1 to -7
+    //         the last Sunday to Saturday; a date in the first five days counts to the month
+    //         before. `bFreqChange` asks for the first date after a change to monthly, which may
+    //         lie in the same pay month.
+    // Errors: 9910 for an invalid frequency; 9011, source "C_Calc_Next_NExpDate", for a monthly
+    //         date with both flags; 9012, likewise, for a rule below -7; 6 outside the range of
+    //         dates.
     Date C_Calc_Next_NExpDate(Date dDate, PR_Pay_Freq iFreq, PR_NExpMode iNExpMode,
                               bool bFreqChange = false, bool bReverse = false);
 
@@ -162,15 +213,37 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- tax calendar, continued (calendar/payroll_calendar.cpp) --------------------------------
 
+    // The month stored for a week in the workstation's table TEMP_PR_LAST_WEEK_NOS.
+    // Shape:  the number travels in the type of a date.
+    // Errors: 54234, source "Payroll_Function|C_MonthNoOfWeekNo", when the week has no row or
+    //         several.
     Date C_MonthNoOfWeekNo(std::int32_t lngWeekNoIn);
+    // The number of the set of calculations in force on a day of the current payroll year, given as
+    // a week; with -10 for the week, on `dtmActDate` in the payroll year of that date.
+    // Errors: 9916, source "Payroll_Functions|C_CalculationsToUseOnNewRecord", for a payroll year
+    //         below 2; 9901 as `C_DateOfWeekNo`.
+    // Source: the sets change on 18 May, with exceptions in calendar/calculation_set.cpp.
     std::int32_t C_CalculationsToUseOnNewRecord(std::int32_t lngWeekNoIn, Date dtmActDate = {});
+    // The payroll year number of the date.
     std::int16_t PR_TaxYearNo(Date dtmIn);
+    // The last year-end plus so many weeks.
+    // Errors: 9901, source "Payroll_Functions|CheckYEValid|(CDateOfWeekNo)", when the last year-end
+    //         does not lie in the calendar year in which the current payroll year begins; 3265 when
+    //         the host has no year-end for the year before.
     Date C_DateOfWeekNo(std::int32_t lngWeekNoIn);
+    // The number of weeks since the last year-end, to the nearest whole one.
+    // Shape:  never below 0.
+    // Errors: 3265 when the host has no year-end for the year before.
     std::int32_t C_WeekNoOfDate(Date dtmIn);
+    // The same since the year-end before the payroll year `lngYearNoIn`.
     std::int32_t WeekNoOfDate(std::int32_t lngYearNoIn, Date dtmIn);
 
     // ---- employment records, continued (employee/employment_records.cpp) ------------------------
 
+    // The day behind the last closed period of an employment, where the next earnings period
+    // begins.
+    // Shape:  `lCurWeekNoIn` other than 0 looks only at rows of earlier weeks. The zero date
+    //         without a closed row.
     Date PR_GetEPSDate(std::int32_t lNAIDIn, std::int32_t lYearIn, std::int32_t lPYEmployCount,
                        std::int32_t lCurWeekNoIn = 0);
 
@@ -198,6 +271,10 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- pay reference periods (calendar/payroll_calendar.cpp, payrun/pay_date_queries.cpp) -----
 
+    // The pay reference period of auto-enrolment that holds the date. It runs its full length
+    // across 5 April, and a weekly one begins on the host's `g_iAEPRPStartDay`.
+    // Shape:  `vDates` becomes an array (1 To 2) of the first and the last day.
+    // Errors: 9909, source "AECalcR_PRP", for any other pay period code; `vDates` stays.
     void AECalcR_PRP(Date dDate, std::int32_t lPayPeriodIn, Variant& vDates);
     // The last day of the pay reference period behind a pay date: that of the employee's latest
     // expected pay date up to `dPayDateIn`, or of the next expected one when that lies later.
@@ -210,8 +287,13 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- employment records, continued (employee/employment_records.cpp) ------------------------
 
+    // The highest key of an employment's pay rows reported up to a day, closed or not.
+    // Errors: 94 when there is none.
     std::int32_t Max_PRPID_From_PayDate(std::int32_t lYearIn, std::int32_t lNAIDIn,
                                         std::int32_t lEmployCountIn, Date dRTIPayDateIn);
+    // Whether another employee of the list has the identifier `lIDIn` as `OtherID`.
+    // Shape:  `sDuplicatesOut` receives their names, with CR LF between two, only when there are
+    //         any.
     bool PR_OtherID_Duplicate_Check(std::int32_t lIDIn, std::int32_t lNAIDIn,
                                     bool bActiveOnly = false,
                                     std::string* sDuplicatesOut = nullptr);
@@ -236,6 +318,8 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- tax calendar (calendar/payroll_calendar.cpp) -------------------------------------------
 
+    // The year-end plus so many weeks; the check that the year-end belongs to the year, which
+    // raises 9901 with the caller's name in the source.
     Date DateOfWeekNo(std::int32_t lngWeekNoIn, Date dtmYearEndIn);
     void CheckYEValidCurrent(const std::string& sCallerIn);
     void CheckYEValid(std::int32_t lngYearNoIn, Date dtmYearEndIn, const std::string& sCallerIn);
