@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "tests/support/errors.h"
 
@@ -12,21 +13,21 @@ namespace {
 
 using test::raisedBy;
 
-TEST(DateSerial, CountsDaysFromTheZeroDate) {
-    EXPECT_EQ(Date(), Date::fromYmd(1899, 12, 30));
-    EXPECT_FALSE(Date().isSet());
-    EXPECT_EQ(Date(42489), Date::fromYmd(2016, 4, 29));
-    EXPECT_EQ(noDate1961, Date::fromYmd(1961, 1, 1));
-    EXPECT_EQ(Date::first(), Date::fromYmd(100, 1, 1));
-    EXPECT_EQ(Date::last(), Date::fromYmd(9999, 12, 31));
-}
-
-TEST(DateSerial, RollsMonthsAndDaysOver) {
-    EXPECT_EQ(Date::fromYmd(2017, 1, 31), Date::fromYmd(2016, 13, 31));
-    EXPECT_EQ(Date::fromYmd(2016, 2, 29), Date::fromYmd(2016, 3, 0));
-    EXPECT_EQ(Date::fromYmd(2015, 11, 30), Date::fromYmd(2016, 0, 0));
-    EXPECT_EQ(Date::fromYmd(1999, 12, 31), Date::fromYmd(0, 24000, 31));
-    EXPECT_EQ(Date::fromYmd(2016, 1, 1), Date::fromYmd(99, 1, 1 + 700169));
+TEST(DateSerial, CountsDaysFromTheZeroDateAndRollsMonthsAndDaysOver) {
+    constexpr auto day = Date::fromYmd;
+    const std::pair<Date, Date> rows[] = {
+        {day(1899, 12, 30), Date()},
+        {day(2016, 4, 29), Date(42489)},
+        {day(1961, 1, 1), noDate1961},
+        {day(100, 1, 1), Date::first()},
+        {day(9999, 12, 31), Date::last()},
+        {day(2016, 13, 31), day(2017, 1, 31)},
+        {day(2016, 3, 0), day(2016, 2, 29)},
+        {day(2016, 0, 0), day(2015, 11, 30)},
+        {day(0, 24000, 31), day(1999, 12, 31)},
+        {day(99, 1, 1 + 700169), day(2016, 1, 1)},
+    };
+    for (const auto& [built, date] : rows) EXPECT_EQ(date, built) << date.toIso();
     EXPECT_EQ(Date::fromYmdHms(2016, 4, 6, 1, 0, 0), Date::fromYmdHms(2016, 4, 5, 24, 59, 60));
     EXPECT_EQ(Date::fromYmdHms(2016, 4, 5, 23, 59, 59), Date::fromYmdHms(2016, 4, 6, 0, 0, -1));
 }
@@ -43,6 +44,7 @@ TEST(DateSerial, RefusesDaysOutsideTheRange) {
 TEST(DateParts, FollowEachOtherThroughTheWholeRange) {
     auto before = Date::first().ymd();
     int weekday = Date::first().weekday();
+    EXPECT_EQ(6, Date::fromYmd(2016, 4, 29).weekday());  // a Friday
     for (double serial = Date::first().serial() + 1; serial <= Date::last().serial(); ++serial) {
         const Date date(serial);
         const auto now = date.ymd();
@@ -53,20 +55,15 @@ TEST(DateParts, FollowEachOtherThroughTheWholeRange) {
         ASSERT_TRUE(sameMonth || nextMonth) << date.toIso();
         ASSERT_EQ(date, Date::fromYmd(now.year, now.month, now.day));
         ASSERT_EQ(weekday % 7 + 1, date.weekday()) << date.toIso();
+        if (nextMonth) {
+            ASSERT_EQ(before.day, date.addDays(-1).daysInMonth()) << date.toIso();
+        }
         before = now;
         weekday = date.weekday();
     }
 }
 
-TEST(DateParts, KnowLeapYearsAndWeekdays) {
-    EXPECT_EQ(6, Date::fromYmd(2016, 4, 29).weekday());  // a Friday
-    EXPECT_EQ(7, Date().weekday());
-    EXPECT_EQ(29, Date::fromYmd(2000, 2, 1).daysInMonth());
-    EXPECT_EQ(28, Date::fromYmd(1900, 2, 1).daysInMonth());
-    EXPECT_EQ(30, Date::fromYmd(2016, 4, 29).daysInMonth());
-}
-
-TEST(DateParts, LetTheTimeRunForwardBeforeTheZeroDate) {
+TEST(DateParts, LetTheTimeRunForwardBeforeTheZeroDateAndStandInTexts) {
     const Date early(-1.25);
     EXPECT_EQ("1899-12-29T06:00:00", early.toIso());
     EXPECT_EQ(Date(-1), early.dateOnly());
@@ -75,11 +72,12 @@ TEST(DateParts, LetTheTimeRunForwardBeforeTheZeroDate) {
     EXPECT_EQ(early, Date(0.25).addDays(-1));
     EXPECT_EQ(early, Date::fromYmdHms(1899, 12, 29, 6, 0, 0));
     EXPECT_EQ("30/12/1899 06:00:00", Date(-0.25).toText());
+    EXPECT_EQ("05/04/2016", Date::fromYmd(2016, 4, 5).toText());
+    EXPECT_EQ("0100-01-01", Date::first().toIso());
 }
 
 TEST(DateParts, KeepTheTimeOfDayOnItsDay) {
     EXPECT_EQ(86399, Date(42000.9999999).secondOfDay());
-    EXPECT_EQ(46800, Date::fromYmdHms(2016, 4, 5, 13, 0, 0).secondOfDay());
     EXPECT_EQ(42489, Date(42489.75).dayNumber());
     EXPECT_EQ(42490, Date(42489.75).roundedDayNumber());
     EXPECT_EQ(42488, Date(42488.5).roundedDayNumber());
@@ -87,70 +85,52 @@ TEST(DateParts, KeepTheTimeOfDayOnItsDay) {
 
 TEST(DateParts, ReadASerialOutsideTheRangeAsItsNearestEnd) {
     EXPECT_EQ(9999, Date(1e300).year());
-    EXPECT_EQ(100, Date(-1e300).year());
-    EXPECT_EQ(100, Date(std::numeric_limits<double>::quiet_NaN()).year());
     EXPECT_EQ(100, Date(-657434.75).year());
+    EXPECT_EQ(100, Date(std::numeric_limits<double>::quiet_NaN()).year());
 }
 
 TEST(DateArithmetic, KeepsTheDayOfTheMonthOrTakesTheLastOne) {
     const struct {
-        Date from;
+        const char* from;
         std::int64_t months;
-        Date to;
+        const char* to;
     } rows[] = {
-        {Date::fromYmd(2016, 1, 31), 1, Date::fromYmd(2016, 2, 29)},
-        {Date::fromYmd(2016, 1, 31), 13, Date::fromYmd(2017, 2, 28)},
-        {Date::fromYmd(2016, 3, 31), -1, Date::fromYmd(2016, 2, 29)},
-        {Date::fromYmd(2016, 2, 29), 12, Date::fromYmd(2017, 2, 28)},
-        {Date::fromYmd(2016, 1, 15), -13, Date::fromYmd(2014, 12, 15)},
-        {Date::fromYmdHms(2016, 4, 5, 13, 0, 0), 1, Date::fromYmdHms(2016, 5, 5, 13, 0, 0)},
+        {"2016-01-31", 1, "2016-02-29"},   {"2016-01-31", 13, "2017-02-28"},
+        {"2016-03-31", -1, "2016-02-29"},  {"2016-02-29", 12, "2017-02-28"},
+        {"2016-01-15", -13, "2014-12-15"}, {"2016-04-05T13:00", 1, "2016-05-05T13:00:00"},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(row.to, row.from.addMonths(row.months)) << row.from.toIso() << row.months;
+        Date date;
+        ASSERT_TRUE(parseDate(row.from, date));
+        EXPECT_EQ(row.to, date.addMonths(row.months).toIso()) << row.from << " " << row.months;
     }
-    EXPECT_EQ(Date::fromYmd(2016, 5, 6), Date::fromYmd(2016, 4, 29).addWeeks(1));
 }
 
 TEST(DateArithmetic, RefusesToLeaveTheRange) {
+    using Limits = std::numeric_limits<std::int64_t>;
     EXPECT_EQ(6, raisedBy([] { return Date::last().addDays(1); }));
     EXPECT_EQ(6, raisedBy([] { return Date::first().addDays(-1); }));
     EXPECT_EQ(6, raisedBy([] { return Date::last().addMonths(1); }));
-    EXPECT_EQ(6,
-              raisedBy([] { return Date().addWeeks(std::numeric_limits<std::int64_t>::max()); }));
-    EXPECT_EQ(6,
-              raisedBy([] { return Date().addMonths(std::numeric_limits<std::int64_t>::min()); }));
+    EXPECT_EQ(6, raisedBy([] { return Date().addWeeks(Limits::max()); }));
+    EXPECT_EQ(6, raisedBy([] { return Date().addMonths(Limits::min()); }));
     EXPECT_EQ("9999-12-31T12:00:00", Date::last().addDays(0.5).toIso());
 }
 
-TEST(DateText, IsWrittenDayFirstAndInIsoForm) {
-    EXPECT_EQ("05/04/2016", Date::fromYmd(2016, 4, 5).toText());
-    EXPECT_EQ("05/04/2016 13:00:00", Date::fromYmdHms(2016, 4, 5, 13, 0, 0).toText());
-    EXPECT_EQ("0100-01-01", Date::first().toIso());
-    EXPECT_EQ("2016-04-05T13:00:09", Date::fromYmdHms(2016, 4, 5, 13, 0, 9).toIso());
-}
-
 TEST(DateText, IsReadInTheFormsOfAUkUser) {
-    const char* sameDay[] = {"2016-04-05", "2016-4-5",     "5/4/2016",        "05/04/16",
-                             "05-04-16",   "5.4.2016",     "5 April 2016",    "5 apr 16",
-                             "5-Apr-2016", "  5/4/2016  ", "05/04/2016 00:00"};
-    for (const char* text : sameDay) {
+    const auto read = [](const char* text) {
         Date date;
         EXPECT_TRUE(parseDate(text, date)) << text;
-        EXPECT_EQ("2016-04-05", date.toIso()) << text;
+        return date.toIso();
+    };
+    for (const char* text :
+         {"2016-04-05", "2016-4-5", "5/4/2016", "05/04/16", "05-04-16", "5.4.2016", "5 April 2016",
+          "5 apr 16", "5-Apr-2016", "  5/4/2016  ", "05/04/2016 00:00"}) {
+        EXPECT_EQ("2016-04-05", read(text)) << text;
     }
-    Date date;
-    EXPECT_TRUE(parseDate("5/4/2016 13:00", date));
-    EXPECT_EQ("2016-04-05T13:00:00", date.toIso());
-    EXPECT_TRUE(parseDate("2016-04-05T13:00:09", date));
-    EXPECT_EQ("2016-04-05T13:00:09", date.toIso());
-}
-
-TEST(DateText, PutsTwoDigitYearsBetween1930And2029) {
-    Date date;
-    EXPECT_TRUE(parseDate("1/1/29", date));
-    EXPECT_EQ(2029, date.year());
-    EXPECT_TRUE(parseDate("1/1/30", date));
-    EXPECT_EQ(1930, date.year());
+    EXPECT_EQ("2016-04-05T13:00:00", read("5/4/2016 13:00"));
+    EXPECT_EQ("2016-04-05T13:00:09", read("2016-04-05T13:00:09"));
+    EXPECT_EQ("2029-01-01", read("1/1/29"));
+    EXPECT_EQ("1930-01-01", read("1/1/30"));
 }
 
 TEST(DateText, IsRefusedRatherThanGuessed) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <limits>
 #include <string>
 #include <utility>
@@ -12,7 +13,9 @@
 namespace ledgerwick {
 namespace {
 
+using test::errorOf;
 using test::raisedBy;
+using test::Told;
 
 class Thing : public Object {
   public:
@@ -25,47 +28,38 @@ const std::int64_t mostInt64 = std::numeric_limits<std::int64_t>::max();
 std::vector<Variant> samples() {
     VariantArray array(1, 2);
     array.at(1) = "an element that is too long for its place";
-    return {Variant(),
-            Null,
+    const ObjectRef thing = std::make_shared<Thing>();
+    return {Null,
             true,
-            std::int16_t{-7},
-            std::int32_t{70000},
-            mostInt64,
             0.5f,
             0.1,
-            Currency::fromTicks(-1),
-            Date(42489.5),
             "",
-            "fourteen bytes",
-            "fifteen bytes..",
             array,
-            std::make_shared<Thing>(),
-            ObjectRef()};
+            thing,
+            Variant(),
+            ObjectRef(),
+            mostInt64,
+            Date(42489.5),
+            std::int16_t{-7},
+            std::int32_t{70000},
+            Currency::fromTicks(-1),
+            "fourteen bytes",
+            "fifteen bytes.."};
 }
 
-TEST(Variant, IsEqualToItsCopiesAndToNoOtherValue) {
+TEST(Variant, TakesAnyValueInPlaceOfAnyOtherAndIsEqualToItAlone) {
     const auto values = samples();
     for (std::size_t i = 0; i < values.size(); ++i) {
-        Variant copy = values[i];
-        EXPECT_EQ(values[i], copy) << i;
-        const Variant moved = std::move(copy);
-        EXPECT_EQ(values[i], moved) << i;
         for (std::size_t j = 0; j < values.size(); ++j) {
             EXPECT_EQ(i == j, values[i] == values[j]) << i << " " << j;
-        }
-    }
-}
-
-TEST(Variant, TakesAnyValueInPlaceOfAnyOther) {
-    for (const Variant& from : samples()) {
-        for (const Variant& to : samples()) {
-            Variant value = from;
-            value = to;
+            Variant value = values[i];
+            value = values[j];
             const Variant& itself = value;
             value = itself;
-            EXPECT_EQ(to.kind(), value.kind());
-            value = Variant(from);
-            EXPECT_EQ(from, value.isObject() ? from : value);
+            EXPECT_EQ(values[j], value) << i << " " << j;
+            Variant moved = values[i];
+            moved = std::move(value);
+            EXPECT_EQ(values[j], moved) << i << " " << j;
         }
     }
 }
@@ -86,16 +80,6 @@ TEST(Variant, CopiesAnArrayWholeAndSharesAnObject) {
     EXPECT_EQ(13, raisedBy([] { return Variant(1).array(); }));
 }
 
-TEST(VariantConversion, ReadsEmptyAsNothingOfEveryType) {
-    const Variant empty;
-    EXPECT_FALSE(empty.toBoolean());
-    EXPECT_EQ(0, empty.toInt16());
-    EXPECT_EQ(Currency(), empty.toCurrency());
-    EXPECT_EQ(Date(), empty.toDate());
-    EXPECT_EQ("", empty.toText());
-    EXPECT_FALSE(empty.isNumeric());
-}
-
 TEST(VariantConversion, RefusesNullArraysObjectsAndStrangeTexts) {
     const struct {
         Variant value;
@@ -108,29 +92,25 @@ TEST(VariantConversion, RefusesNullArraysObjectsAndStrangeTexts) {
         {"abc", 13, 0},
         {"", 13, 0},
     };
+    const std::function<void(const Variant&)> conversions[] = {
+        [](const Variant& v) { v.toBoolean(); },  [](const Variant& v) { v.toInt16(); },
+        [](const Variant& v) { v.toInt32(); },    [](const Variant& v) { v.toInt64(); },
+        [](const Variant& v) { v.toSingle(); },   [](const Variant& v) { v.toDouble(); },
+        [](const Variant& v) { v.toCurrency(); }, [](const Variant& v) { v.toDate(); },
+    };
     for (const auto& row : rows) {
-        EXPECT_EQ(row.error, raisedBy([&] { return row.value.toBoolean(); }));
-        EXPECT_EQ(row.error, raisedBy([&] { return row.value.toInt16(); }));
-        EXPECT_EQ(row.error, raisedBy([&] { return row.value.toInt32(); }));
-        EXPECT_EQ(row.error, raisedBy([&] { return row.value.toInt64(); }));
-        EXPECT_EQ(row.error, raisedBy([&] { return row.value.toSingle(); }));
-        EXPECT_EQ(row.error, raisedBy([&] { return row.value.toDouble(); }));
-        EXPECT_EQ(row.error, raisedBy([&] { return row.value.toCurrency(); }));
-        EXPECT_EQ(row.error, raisedBy([&] { return row.value.toDate(); }));
+        for (const auto& convert : conversions) {
+            EXPECT_EQ(row.error, raisedBy([&] { convert(row.value); }));
+        }
         EXPECT_EQ(row.errorAsText, raisedBy([&] { return row.value.toText(); }));
         EXPECT_FALSE(row.value.isNumeric());
     }
 }
 
 TEST(VariantConversion, NamesTheSourceOfItsErrors) {
-    for (const Variant& value : {Variant(Null), Variant("abc"), Variant(1e300)}) {
-        try {
-            static_cast<void>(value.toInt32("PRTNAID"));
-            ADD_FAILURE() << "nothing was raised";
-        } catch (const Error& error) {
-            EXPECT_EQ("PRTNAID", error.Source());
-        }
-    }
+    EXPECT_EQ(errorOf([] { Variant(Null).toInt32("PRTNAID"); }), (Told{94, "PRTNAID"}));
+    EXPECT_EQ(errorOf([] { Variant("abc").toInt32("PRTNAID"); }), (Told{13, "PRTNAID"}));
+    EXPECT_EQ(errorOf([] { Variant(1e300).toInt32("PRTNAID"); }), (Told{6, "PRTNAID"}));
 }
 
 TEST(VariantConversion, RoundsHalvesToTheEvenWholeNumber) {
@@ -143,6 +123,8 @@ TEST(VariantConversion, RoundsHalvesToTheEvenWholeNumber) {
     EXPECT_EQ(42490, Variant(Date(42489.75)).toInt32());
     EXPECT_EQ(1235, Variant("1,234.56").toInt16());
     EXPECT_EQ(-1, Variant(true).toInt16());
+    EXPECT_EQ(0, Variant().toInt16());
+    EXPECT_EQ("", Variant().toText());
 }
 
 TEST(VariantConversion, KeepsWholeNumbersAndMoneyExactPastWhatADoubleHolds) {
@@ -164,25 +146,25 @@ TEST(VariantConversion, RaisesAnOverflowForWhatDoesNotFit) {
 }
 
 TEST(VariantConversion, TakesAnyNumberButZeroAndTheWordTrueForTrue) {
-    EXPECT_TRUE(Variant(0.4).toBoolean());
-    EXPECT_TRUE(Variant(Currency::fromTicks(1)).toBoolean());
-    EXPECT_TRUE(Variant("-1").toBoolean());
-    EXPECT_TRUE(Variant("true").toBoolean());
-    EXPECT_FALSE(Variant(" FALSE ").toBoolean());
-    EXPECT_FALSE(Variant(Date()).toBoolean());
+    for (const Variant& value : {Variant(0.4), Variant(Currency::fromTicks(1)), Variant("-1"),
+                                 Variant("true"), Variant(std::int64_t{1} << 40)}) {
+        EXPECT_TRUE(value.toBoolean()) << value.toText();
+    }
+    for (const Variant& value : {Variant(" FALSE "), Variant(Date()), Variant(), Variant("0")}) {
+        EXPECT_FALSE(value.toBoolean()) << value.toText();
+    }
 }
 
 TEST(VariantConversion, ReadsDatesFromTextsAndFromNumbersOfDays) {
     const Date day = Date::fromYmd(2016, 4, 29);
     EXPECT_EQ(day, Variant("29/04/2016").toDate());
-    EXPECT_EQ(day, Variant("42489").toDate());
     EXPECT_EQ(day, Variant(42489).toDate());
     EXPECT_EQ(42489, Variant(day).toInt32());
     EXPECT_EQ("29/04/2016", Variant(day).toText());
     EXPECT_EQ(13, raisedBy([] { return Variant("4/29/2016").toDate(); }));
 }
 
-TEST(VariantArray, KeepsItsBoundsAndItsElementsWhenItGrows) {
+TEST(VariantArray, KeepsItsBoundsAndElementsWhenItGrowsOrLosesOne) {
     VariantArray table(1, 2, 1, 1);
     table.at(1, 1) = "a";
     table.at(2, 1) = "b";
@@ -190,12 +172,9 @@ TEST(VariantArray, KeepsItsBoundsAndItsElementsWhenItGrows) {
     EXPECT_EQ(3, table.upperBound(2));
     EXPECT_EQ(Variant("b"), table.at(2, 1));
     EXPECT_TRUE(table.at(1, 3).isEmpty());
-    table.at(2, 3) = "c";
     table.resizeLast(0);
     EXPECT_EQ(0u, table.size());
-}
 
-TEST(VariantArray, ClosesTheGapOfAnErasedElement) {
     VariantArray list(5, 7);
     for (std::int32_t i = 5; i <= 7; ++i) list.at(i) = i;
     list.erase(6);
@@ -213,16 +192,9 @@ TEST(VariantArray, RefusesIndexesOutsideItsBounds) {
     EXPECT_EQ(9, raisedBy([&] { return table.at(1); }));
     EXPECT_EQ(9, raisedBy([&] { return table.at(3, 1); }));
     EXPECT_EQ(9, raisedBy([&] { return list.lowerBound(2); }));
-    EXPECT_EQ(9, raisedBy([&] {
-                  list.resizeLast(-1);
-                  return 0;
-              }));
-    EXPECT_EQ(9, raisedBy([&] {
-                  table.erase(1);
-                  return 0;
-              }));
+    EXPECT_EQ(9, raisedBy([&] { list.resizeLast(-1); }));
+    EXPECT_EQ(9, raisedBy([&] { table.erase(1); }));
     EXPECT_EQ(9, raisedBy([] { return VariantArray(2, 0); }));
-    EXPECT_EQ(9, raisedBy([] { return VariantArray().at(0); }));
 }
 
 }  // namespace
