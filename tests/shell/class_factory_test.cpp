@@ -60,6 +60,8 @@ TEST(EntryPoints, GiveAnObjectOverOrTellAFailureWithoutThrowing) {
     ASSERT_EQ(DllGetClassObject("Ledgerwick.CPayment", &given), 0);
     const std::unique_ptr<ObjectRef> object(static_cast<ObjectRef*>(given));
     EXPECT_EQ((*object)->TypeName(), "CPayment");
+    EXPECT_EQ(DllRegisterServer(), 0);
+    EXPECT_EQ(DllUnregisterServer(), 0);
     EXPECT_EQ(DllCanUnloadNow(), 1) << "stays loaded";
 }
 
