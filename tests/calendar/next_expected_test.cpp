@@ -61,6 +61,10 @@ TEST(NextExpected, MonthlyDatesFollowTheRule) {
     for (const auto& row : monthlySteps) {
         EXPECT_EQ(row.step(row.from, row.controller), row.to) << row.reason;
     }
+    const MonthlyRule shortMonths{
+        .controller = 31, .parameter = {}, .lengthOfMonth = [](Date) { return std::int16_t{20}; }};
+    EXPECT_EQ(nextExpectedDate(on(31, 1, 2015), PFREQ_Monthly, shortMonths), on(20, 2, 2015))
+        << "the length of a month is the rule's own";
 }
 
 constexpr std::int32_t controllers[] = {0,  1,  2,  3,  4,  5,  6,  15, 28, 29,

@@ -207,6 +207,7 @@ TEST(TaxCalendar, MonthsAndWeeksHaveTheirEnds) {
     EXPECT_EQ(taxMonthEnd(2015, -1), on(5, 3, 2015));
     EXPECT_EQ(taxWeekEnd(2015, 1), on(12, 4, 2015));
     EXPECT_EQ(taxWeekEnd(2016, 52), on(4, 4, 2017));
+    EXPECT_EQ(taxWeekEnd(2015, 53), on(5, 4, 2016));
     EXPECT_EQ(taxWeekEnd(2015, 54), on(5, 4, 2016));
     EXPECT_EQ(taxWeekEnd(2015, -1), on(29, 3, 2015));
 }

@@ -118,6 +118,7 @@ TEST(VariantConversion, RoundsHalvesToTheEvenWholeNumber) {
     EXPECT_EQ(4, Variant(3.5f).toInt32());
     EXPECT_EQ(-2, Variant("-2.5").toInt32());
     EXPECT_EQ(2, Variant(Currency::fromTicks(25000)).toInt64());
+    EXPECT_EQ(-2, Variant(Currency::fromTicks(-25000)).toInt64());
     EXPECT_EQ(-4, Variant(Currency::fromTicks(-35000)).toInt64());
     EXPECT_EQ(3, Variant(Currency::fromTicks(25001)).toInt64());
     EXPECT_EQ(42490, Variant(Date(42489.75)).toInt32());
