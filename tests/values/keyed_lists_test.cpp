@@ -46,6 +46,7 @@ TEST(Collection, StaysAsItWasWhenAnOperationFails) {
     EXPECT_EQ(9, raisedBy([&] { list.Add(9, "b", {.afterPosition = 3}); }));
     EXPECT_EQ(5, raisedBy([&] { list.Add(9, "b", {.before = "a", .afterPosition = 1}); }));
     EXPECT_EQ(3265, raisedBy([&] { list.Item("x"); }));
+    EXPECT_EQ(3265, raisedBy([&] { list.Item(""); }));
     EXPECT_EQ(9, raisedBy([&] { list.Item(0); }));
     EXPECT_EQ(9, raisedBy([&] { list.Item(3); }));
     EXPECT_EQ(3265, raisedBy([&] { list.Remove("x"); }));
