@@ -4,6 +4,7 @@
 #include "app/commands.h"
 #include "app/exchange.h"
 #include "app/options.h"
+#include "hostkit/office/company.h"
 
 namespace ledgerwick::app {
 
@@ -19,36 +20,11 @@ void removeFile(const std::string& path) {
     for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(path + ending);
 }
 
-void addRow(Database& database, const std::string& table,
-            const std::vector<std::pair<std::string, Variant>>& fields) {
-    const auto rows =
-        database.OpenRecordset("SELECT * FROM " + table + " WHERE False", RecordsetType::Dynaset);
-    rows->AddNew();
-    for (const auto& [name, value] : fields) rows->Value(name, value);
-    rows->Update();
-    rows->Close();
-}
-
-// The settings of a company that begins in the tax year from 6 April `year`: monthly pay on the last
-// day of the month until its parameters say otherwise.
-void layDownSettings(Database& database, int year) {
-    const std::int32_t payrollYear = year - 1999;
-    addRow(database, "PRControl",
-           {{"PRCFCurrentYear", payrollYear}, {"PRCFPensionAfterTax", false}});
-    for (const std::int32_t each : {payrollYear - 1, payrollYear}) {
-        addRow(database, "PRYearEnds",
-               {{"PRYEYear", each}, {"PRYEDate", Date::fromYmd(each + 2000, 4, 5)}});
-    }
-    for (const char* name : {"PRNExpD_M1", "PREPED_M1", "AEPRPStartDay"}) {
-        addRow(database, "Parameters", {{"ParName", name}, {"ParValue", "0"}});
-    }
-}
-
 void runNew(const Context& context, const CompanyOptions& options) {
     if (std::filesystem::exists(options.database)) {
         throw Refusal(options.database + " is there already");
     }
-    layDownSettings(*openDatabaseFile(options.database), options.year);
+    office::layDownSettings(*openDatabaseFile(options.database), options.year);
     Report report;
     report.say(options.database + " laid down for the tax year from 6 April " +
                std::to_string(options.year) + ", payroll year " +
@@ -103,24 +79,22 @@ void addCompanyCommands(CLI::App& app, Context& context) {
         context.action = [&context, options] { runNew(context, *options); };
     });
 
-    auto* import = app.add_subcommand(
+    auto* importing = app.add_subcommand(
         "import", "Take in a company from CSV files, one for each table; DB is made if need be");
-    addDatabase(*import, options->database);
-    import->add_option("DIR", options->folder, "The folder of the files")
+    addDatabase(*importing, options->database);
+    importing->add_option("DIR", options->folder, "The folder of the files")
         ->required()
         ->check(CLI::ExistingDirectory);
-    import->callback([&context, options] {
-        context.action = [&context, options] { runImport(context, *options);
-};
-}  // namespace ledgerwick::app
-);
+    importing->callback([&context, options] {
+        context.action = [&context, options] { runImport(context, *options); };
+    });
 
-auto* exporting = app.add_subcommand("export", "Write every table of a company as a CSV file");
-addDatabase(*exporting, options->database);
-exporting->add_option("DIR", options->folder, "The folder for the files")->required();
-exporting->callback([&context, options] {
-    context.action = [&context, options] { runExport(context, *options); };
-});
+    auto* exporting = app.add_subcommand("export", "Write every table of a company as a CSV file");
+    addDatabase(*exporting, options->database);
+    exporting->add_option("DIR", options->folder, "The folder for the files")->required();
+    exporting->callback([&context, options] {
+        context.action = [&context, options] { runExport(context, *options); };
+    });
 }
 
 }  // namespace ledgerwick::app

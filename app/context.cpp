@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "hostkit/office/company.h"
 #include "hostkit/services/terminal_label.h"
 #include "ledgerwick/values/text.h"
 
@@ -46,18 +47,6 @@ std::unique_ptr<HostSession> openUnloaded(const Context& context, const std::str
     return std::make_unique<HostSession>(database, context.today(), std::move(settings));
 }
 
-bool hasNewcomers(Database& database) {
-    const auto rows = database.OpenRecordset(
-        R"(SELECT PRENAID
-           FROM PREmployeeDetails LEFT JOIN PREmployments
-           ON PREmployments.PRTNAID = PREmployeeDetails.PRENAID
-           WHERE PRTID IS NULL)",
-        RecordsetType::Snapshot);
-    const bool found = !rows->Eof();
-    rows->Close();
-    return found;
-}
-
 }  // namespace
 
 Date Context::today() const {
@@ -74,16 +63,7 @@ std::unique_ptr<HostSession> openCompany(const Context& context, const std::stri
 std::unique_ptr<HostSession> openCompanyOfNewcomers(const Context& context,
                                                     const std::string& path) {
     auto session = openUnloaded(context, path, {});
-    if (!hasNewcomers(session->database())) {
-        session->list().LoadEmployees(std::make_shared<TerminalLabel>());
-        return session;
-    }
-    const auto rows = session->database().OpenRecordset(
-        "SELECT DISTINCT PRTNAID FROM PREmployments ORDER BY PRTNAID", RecordsetType::Snapshot);
-    for (; !rows->Eof(); rows->MoveNext()) {
-        session->list().ReLoadEmployee(rows->GetInt32(field::PRTNAID));
-    }
-    rows->Close();
+    office::loadEmployed(*session, std::make_shared<TerminalLabel>());
     return session;
 }
 

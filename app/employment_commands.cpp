@@ -4,6 +4,7 @@
 #include "app/commands.h"
 #include "app/options.h"
 #include "app/pay_run.h"
+#include "hostkit/office/employments.h"
 
 namespace ledgerwick::app {
 
@@ -23,13 +24,7 @@ struct StarterForm {
 
 struct AddOptions {
     std::string database;
-    std::int32_t naid = 0;
-    Date start;
-    bool casual = false;
-    bool continuation = false;
-    std::string aeStatus;
-    Date firstPay;
-    Date firstPeriodEnd;
+    office::NewEmployment details;
     StarterForm form;
 };
 
@@ -69,94 +64,31 @@ Variant addInfo(const StarterForm& form) {
     return array;
 }
 
-// The employee's next employment count in the current payroll year.
-std::int32_t nextCount(cEmployee& employee) {
-    const std::int32_t year = DLLGlobal::currentPayrollYear();
-    std::int32_t highest = 0;
-    for (const auto& employment : employee.Employments()) {
-        if (employment->PayrollYear() == year)
-            highest = std::max(highest, employment->EmployCount());
-    }
-    return highest + 1;
-}
-
-// The library takes the count from the employee's details, where the host keeps it.
-void storeCount(Database& database, std::int32_t naid, std::int32_t count) {
+// Whether the company has payroll details of the employee, who may have no employment yet.
+bool hasDetails(Database& database, std::int32_t naid) {
     const auto rows = database.OpenRecordset(
-        "SELECT PRENAID, PREPYEmployCount FROM PREmployeeDetails WHERE PRENAID = " +
-            std::to_string(naid),
-        RecordsetType::Dynaset);
-    rows->Edit();
-    rows->Value(field::PREPYEmployCount, count);
-    rows->Update();
-    rows->Close();
-}
-
-// When pay falls due first: on the next pay date of those paid as often that is not before the
-// start, or else at the end of the first period.
-Date firstPayDate(HostSession& session, PR_Pay_Freq frequency, Date start) {
-    bool none = false;
-    Date next = session.payroll().C_Next_Expected_Pay_Date(&none, frequency);
-    if (none) return session.payroll().C_Calc_Next_NExpDate(start, frequency, PR_NExp_Pay, true);
-    while (next < start) {
-        next = session.payroll().C_Calc_Next_NExpDate(next, frequency, PR_NExp_Pay);
-    }
-    return next;
-}
-
-Date firstPeriodEnd(HostSession& session, PR_Pay_Freq frequency, Date start) {
-    bool none = false;
-    Date next = session.payroll().C_Next_Expected_EPE_Date(&none, frequency);
-    if (none) return session.payroll().C_Calc_Next_NExpDate(start, frequency, PR_NExp_EPE, true);
-    while (next < start) {
-        next = session.payroll().C_Calc_Next_NExpDate(next, frequency, PR_NExp_EPE);
-    }
-    return next;
-}
-
-// How often the employee of that number is paid, who may have no employment yet.
-PR_Pay_Freq frequencyOf(Database& database, std::int32_t naid) {
-    const auto rows = database.OpenRecordset(
-        "SELECT PREPayFrequency FROM PREmployeeDetails WHERE PRENAID = " + std::to_string(naid),
+        "SELECT PRENAID FROM PREmployeeDetails WHERE PRENAID = " + std::to_string(naid),
         RecordsetType::Snapshot);
-    if (rows->Eof()) throw Refusal("there is no employee " + std::to_string(naid));
-    const auto frequency = static_cast<PR_Pay_Freq>(rows->GetInt16(field::PREPayFrequency));
+    const bool found = !rows->Eof();
     rows->Close();
-    return frequency;
+    return found;
 }
 
-// The row from which the periods of the employment are counted: closed, without pay, and up to the
-// day before the start.
-void layDownStartingRow(HostSession& session, PR_Pay_Freq frequency, const AddOptions& options) {
-    const Date pay = options.firstPay.isSet() ? options.firstPay
-                                              : firstPayDate(session, frequency, options.start);
-    const Date end = options.firstPeriodEnd.isSet()
-                         ? options.firstPeriodEnd
-                         : firstPeriodEnd(session, frequency, options.start);
-    const std::int32_t week = session.payroll().C_CalcTaxWeek(options.start) - 1;
-    session.payroll().C_CreateStartingPayRecord(options.naid, week, options.start.addDays(-1), pay,
-                                                end);
-}
-
-void runAdd(const Context& context, const AddOptions& options) {
+void runAdd(const Context& context, AddOptions& options) {
     const auto session = openCompanyOfNewcomers(context, options.database);
-    const PR_Pay_Freq frequency = frequencyOf(session->database(), options.naid);
-    const auto employee = session->list().GetEmployeeByNAID(options.naid);
-    if (employee && employee->Active()) {
-        throw Refusal("employee " + std::to_string(options.naid) +
+    const std::int32_t naid = options.details.naid;
+    if (!hasDetails(session->database(), naid)) {
+        throw Refusal("there is no employee " + std::to_string(naid));
+    }
+    if (office::isEmployed(*session, naid)) {
+        throw Refusal("employee " + std::to_string(naid) +
                       " has an employment of this year that has not ended");
     }
-    storeOf(*session).inTransaction([&] {
-        storeCount(session->database(), options.naid, employee ? nextCount(*employee) : 1);
-        session->payroll().C_CreateNewEmploymentRecord(
-            options.naid, session->payroll().C_CalcTaxWeek(options.start) - 1,
-            options.casual ? PR_ET_Casual : PR_ET_Regular, options.start.toIso(),
-            addInfo(options.form), options.continuation, options.aeStatus);
-        if (!options.casual) layDownStartingRow(*session, frequency, options);
-        session->list().ReLoadEmployee(options.naid);
-    });
-    const auto taken = employeeOf(*session, options.naid);
-    const auto added = taken->MostRecentEmployment();
+    options.details.addInfo = addInfo(options.form);
+    std::shared_ptr<cEmployment> added;
+    storeOf(*session).inTransaction(
+        [&] { added = office::addEmployment(*session, options.details); });
+    const auto taken = employeeOf(*session, naid);
     Report report;
     report.say("Employment " + std::to_string(added->EmployCount()) + " of payroll year " +
                std::to_string(added->PayrollYear()) + " added for " + taken->Name());
@@ -228,15 +160,16 @@ void addEmploymentCommands(CLI::App& app, Context& context) {
     auto* add = employment->add_subcommand(
         "add", "Add an employment of the current year, with the row from which its pay counts");
     addDatabase(*add, options->database);
-    add->add_option("--employee", options->naid, "The number of the employee")->required();
-    addDate(*add, "--start", options->start, "The first day")->required();
-    add->add_flag("--casual", options->casual, "Casual work");
-    add->add_flag("--continuation", options->continuation,
+    add->add_option("--employee", options->details.naid, "The number of the employee")->required();
+    addDate(*add, "--start", options->details.start, "The first day")->required();
+    add->add_flag("--casual", options->details.casual, "Casual work");
+    add->add_flag("--continuation", options->details.continuation,
                   "For auto-enrolment it carries on the employment before");
-    add->add_option("--ae-status", options->aeStatus, "Auto-enrolment status at the start");
-    addDate(*add, "--first-pay", options->firstPay,
+    add->add_option("--ae-status", options->details.aeStatus, "Auto-enrolment status at the start");
+    addDate(*add, "--first-pay", options->details.firstPay,
             "First pay date; else that of those paid as often");
-    addDate(*add, "--first-period-end", options->firstPeriodEnd, "End of the first pay period");
+    addDate(*add, "--first-period-end", options->details.firstPeriodEnd,
+            "End of the first pay period");
     addFormOptions(*add, options->form);
     add->callback([&context, options] {
         context.action = [&context, options] { runAdd(context, *options); };

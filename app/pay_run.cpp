@@ -1,7 +1,5 @@
 #include "app/pay_run.h"
 
-#include <algorithm>
-#include <map>
 #include <optional>
 #include <vector>
 
@@ -11,122 +9,24 @@ namespace ledgerwick::app {
 
 namespace {
 
-// `PRPStatus` of a row whose pay was worked out and reported.
-constexpr int reportedStatus = 3;
-// The status that takes an order line out of the imported earnings.
-constexpr std::int16_t closedOrder = 5;
+using office::isRegular;
+using office::isSelected;
 
-bool isRegular(cEmployee& employee) {
-    return employee.Active() && !employee.Casual();
-}
-
-bool isSelected(const cEmployee& employee, const Selection& selection) {
-    return (selection.naid == 0 || employee.NAID() == selection.naid) &&
-           (selection.group == 0 || employee.Group() == selection.group) &&
-           (selection.frequency < 0 || employee.PayFrequency() == selection.frequency);
-}
-
-std::int32_t periodsDue(HostSession& session, cEmployee& employee, Date upTo) {
-    const auto frequency = static_cast<PR_Pay_Freq>(employee.PayFrequency());
-    std::int32_t periods = 0;
-    for (Date due = employee.CurEmployment()->NExpPayDate(); due <= upTo; ++periods) {
-        due = session.payroll().C_Calc_Next_NExpDate(due, frequency, PR_NExp_Pay);
-    }
-    return periods;
-}
-
-// Without a closed row an employment has no date to count from, and every period since 1899 would
-// fall due.
 void refuseWithoutHistory(HostSession& session, const Selection& selection) {
-    for (const auto& employee : session.list().Employees()) {
-        const bool lacking = isRegular(*employee) && isSelected(*employee, selection) &&
-                             !employee->CurEmployment()->NExpPayDate().isSet();
-        if (!lacking) continue;
-        throw Refusal("employee " + std::to_string(employee->NAID()) + ", " + employee->Name() +
-                      ", has no pay history; `employment add` lays down a starting row");
-    }
-}
-
-// An open row as the commands look at it.
-struct OpenRow {
-    std::int32_t prpid;
-    std::int32_t naid;
-    std::int16_t week;
-    std::int32_t period;
-    Date payDate;
-    Date periodEnd;
-    Currency pay;
-    bool visited;
-};
-
-std::vector<OpenRow> openRows(HostSession& session, const Selection& selection) {
-    const std::string statement =
-        "SELECT PRPID, PRPNAID, PRPWeekNo, PRPPaymentPeriod, PRPPayDate, PRPEPEDate, "
-        "PRPPeriodPay, PRPHasBeenVisited "
-        "FROM PRPay "
-        "WHERE PRPPaymentPeriod <> 0 AND PRPPeriodUpdated = False "
-        "AND PRPPayDate <= " +
-        dateLiteral(selection.payDate) + " ORDER BY " + PaymentsOrderBy();
-    const auto rows = session.database().OpenRecordset(statement, RecordsetType::Snapshot);
-    std::vector<OpenRow> found;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const OpenRow row{
-            rows->GetInt32(field::PRPID),           rows->GetInt32(field::PRPNAID),
-            rows->GetInt16(field::PRPWeekNo),       rows->GetInt32(field::PRPPaymentPeriod),
-            rows->GetDate(field::PRPPayDate),       rows->GetDate(field::PRPEPEDate),
-            rows->GetCurrency(field::PRPPeriodPay), rows->GetBoolean(field::PRPHasBeenVisited)};
-        if (isSelected(*employeeOf(session, row.naid), selection)) found.push_back(row);
-    }
-    rows->Close();
-    return found;
-}
-
-void markCalculated(HostSession& session, std::int32_t naid, Date payDate) {
-    session.database().Execute("UPDATE PRPay SET PRPStatus = " + std::to_string(reportedStatus) +
-                                   ", PRPHasBeenVisited = True "
-                                   "WHERE PRPPaymentPeriod <> 0 AND PRPPeriodUpdated = False "
-                                   "AND PRPStatus < " +
-                                   std::to_string(reportedStatus) + " AND PRPPayDate <= " +
-                                   dateLiteral(payDate) + " AND PRPNAID = " + std::to_string(naid),
-                               failOnError);
-}
-
-// Closes the checked order lines of the periods, each from the day after the one before it.
-void closePiecework(cEmployment& employment, const std::vector<OpenRow>& rows, Date payDate) {
-    Date from = employment.LastEPEDate().addDays(1);
-    for (const OpenRow& row : rows) {
-        from = std::min(std::max(from, employment.PRTStartDate()), row.periodEnd);
-        employment.UpdateImportedEarnings(closedOrder, from, row.periodEnd, 0,
-                                          Variant("Pay " + payDate.toIso()));
-        from = row.periodEnd.addDays(1);
-    }
-}
-
-void clearImportedPay(HostSession& session, std::int32_t naid) {
-    if (!DLLGlobal::DAO_ADO().TempTableExists("PRPayImport")) return;
-    session.database().Execute("DELETE FROM PRPayImport WHERE PRPINAID = " + std::to_string(naid),
-                               failOnError);
+    const auto employee = office::withoutHistory(session, selection);
+    if (!employee) return;
+    throw Refusal("employee " + std::to_string(employee->NAID()) + ", " + employee->Name() +
+                  ", has no pay history; `employment add` lays down a starting row");
 }
 
 // Closes the rows of one employee whole or not at all: a closed row whose imported pay stayed would
 // be paid twice.
-void closeEmployee(HostSession& session, cEmployee& employee, const std::vector<OpenRow>& rows,
-                   Date payDate) {
+void closeEmployee(HostSession& session, std::int32_t naid,
+                   const std::vector<office::OpenRow>& rows, Date payDate) {
     storeOf(session).inTransaction([&] {
-        markCalculated(session, employee.NAID(), payDate);
-        closePiecework(*employee.CurEmployment(), rows, payDate);
-        session.payroll().C_UpdatePayPeriod(employee.NAID(), payDate);
-        clearImportedPay(session, employee.NAID());
+        office::markCalculated(session, naid, payDate);
+        office::closeRows(session, naid, rows, payDate);
     });
-}
-
-std::int32_t highestPayRow(HostSession& session) {
-    const auto rows = session.database().OpenRecordset("SELECT Max(PRPID) AS PRPIDMax FROM PRPay",
-                                                       RecordsetType::Snapshot);
-    const std::int32_t highest =
-        rows->IsNull(field::PRPIDMax) ? 0 : rows->GetInt32(field::PRPIDMax);
-    rows->Close();
-    return highest;
 }
 
 void tellNothingDue(HostSession& session, const Selection& selection, Report& report) {
@@ -142,10 +42,6 @@ void tellNothingDue(HostSession& session, const Selection& selection, Report& re
 }
 
 }  // namespace
-
-std::string dateLiteral(Date date) {
-    return "#" + DLLGlobal::pf().DateToUSstr(date) + "#";
-}
 
 Report whatIsDue(HostSession& session, Date upTo) {
     Report report;
@@ -168,7 +64,7 @@ Report whatIsDue(HostSession& session, Date upTo) {
         if (!isRegular(*employee) || employment->NExpPayDate() > upTo) continue;
         table.add({employee->NAID(), employee->Name(), frequencyName(employee->PayFrequency()),
                    employment->NExpPayDate(), employment->NExpEPEDate(),
-                   periodsDue(session, *employee, upTo)});
+                   office::periodsDue(session, *employee, upTo)});
     }
     return report;
 }
@@ -202,13 +98,13 @@ Report openRun(HostSession& session, const Selection& selection) {
 }
 
 Report showRun(HostSession& session, const Selection& selection) {
-    const auto rows = openRows(session, selection);
+    const auto rows = office::openRows(session, selection);
     Report report;
     report.say(counted(static_cast<std::int64_t>(rows.size()), "open row") + " up to " +
                selection.payDate.toIso());
     Table& table = report.table("open_rows", {"naid", "name", "pay_date", "to", "week", "period",
                                               "period_pay", "visited", "prpid"});
-    for (const OpenRow& row : rows) {
+    for (const office::OpenRow& row : rows) {
         table.add({row.naid, employeeOf(session, row.naid)->Name(), row.payDate, row.periodEnd,
                    row.week, row.period, row.pay, row.visited, row.prpid});
     }
@@ -216,21 +112,19 @@ Report showRun(HostSession& session, const Selection& selection) {
 }
 
 Report closeRun(HostSession& session, const Selection& selection) {
-    std::map<std::int32_t, std::vector<OpenRow>> rowsOf;
-    std::int64_t count = 0;
-    for (const OpenRow& row : openRows(session, selection)) {
-        rowsOf[row.naid].push_back(row);
-        ++count;
-    }
+    const auto rowsOf = office::openRowsByEmployee(session, selection);
+    std::size_t count = 0;
+    for (const auto& entry : rowsOf) count += entry.second.size();
     session.list().LoadImportedPay();
     Report report;
-    report.say("Run of " + selection.payDate.toIso() + ": " + counted(count, "row") + " closed");
+    report.say("Run of " + selection.payDate.toIso() + ": " +
+               counted(static_cast<std::int64_t>(count), "row") + " closed");
     Table& table = report.table("closed", {"naid", "name", "rows", "paid_to", "next_pay_before",
                                            "next_pay_now", "next_period_end"});
     for (const auto& [naid, rows] : rowsOf) {
         const auto employee = employeeOf(session, naid);
         const Date before = employee->CurEmployment()->NExpPayDate();
-        closeEmployee(session, *employee, rows, selection.payDate);
+        closeEmployee(session, naid, rows, selection.payDate);
         session.list().ReLoadEmployee(naid);
         const auto now = employeeOf(session, naid)->CurEmployment();
         table.add({naid, employee->Name(), static_cast<std::int32_t>(rows.size()),
@@ -240,7 +134,7 @@ Report closeRun(HostSession& session, const Selection& selection) {
 }
 
 Report fillGaps(HostSession& session) {
-    const std::int32_t before = highestPayRow(session);
+    const std::int32_t before = office::highestPayRow(session);
     session.payroll().AutoFillMissingPeriods();
     const auto rows = session.database().OpenRecordset(
         "SELECT PRPID, PRPNAID, PRPWeekNo, PRPPaymentPeriod, PRPPayDate, PRPRTILateReason "

@@ -1,21 +1,15 @@
 // The road of a pay run as this host goes it: what is due, open, show, close.
 #pragma once
 
-#include <cstdint>
-
 #include "app/report.h"
+#include "hostkit/office/pay_run.h"
 #include "hostkit/services/host_session.h"
 #include "ledgerwick/ledgerwick.h"
 
 namespace ledgerwick::app {
 
-// Which employees a run is for.
-struct Selection {
-    Date payDate;
-    PR_Pay_Freq frequency = PFREQ_SelAll;
-    std::int32_t group = 0;  // 0: all
-    std::int32_t naid = 0;   // 0: all
-};
+using office::dateLiteral;
+using office::Selection;
 
 // The regular employees whose pay falls due up to the date, and how many periods each owes.
 Report whatIsDue(HostSession& session, Date upTo);
@@ -36,8 +30,5 @@ Report closeRun(HostSession& session, const Selection& selection);
 
 // Fills the periods that were skipped between closed rows of this year, and tells the rows added.
 Report fillGaps(HostSession& session);
-
-// "#4/29/2016#"
-std::string dateLiteral(Date date);
 
 }  // namespace ledgerwick::app

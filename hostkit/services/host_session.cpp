@@ -27,24 +27,35 @@ HostSession::HostSession(std::shared_ptr<Database> database, Date today, HostSet
     : database_(std::move(database)), parameters_(std::make_shared<KitParameters>(database_)) {
     const std::string programPath = settings.programPath;
     state_ = std::make_shared<KitHostState>(database_, parameters_, today, std::move(settings));
-    identify_ = std::make_shared<Identify>();
-    identify_->SetCallerGlobal(std::make_shared<KitGlobal>(programPath));
-    identify_->Setg(state_);
-    identify_->Setpf(std::make_shared<KitProgramFunctions>(parameters_));
-    identify_->Setfp(std::make_shared<KitFileFunctions>(programPath));
+    global_ = std::make_shared<KitGlobal>(programPath);
+    programFunctions_ = std::make_shared<KitProgramFunctions>(parameters_);
+    fileFunctions_ = std::make_shared<KitFileFunctions>(programPath);
     list_ = std::make_shared<CEmployeeList>();
-    identify_->SetEmployeeList(list_);
+    identify_ = std::make_shared<Identify>();
+    putInForce();
     payroll_ = std::make_shared<CPayrollFunctions>();
     payroll_->Init(list_);
 }
 
 HostSession::~HostSession() {
-    if (DLLGlobal::references().g != state_) return;  // a later session is in force
+    if (!isInForce()) return;  // a later session is
     identify_->SetCallerGlobal(nullptr);
     identify_->Setg(nullptr);
     identify_->Setpf(nullptr);
     identify_->Setfp(nullptr);
     identify_->SetEmployeeList(nullptr);
+}
+
+bool HostSession::isInForce() const {
+    return DLLGlobal::references().g == state_;
+}
+
+void HostSession::putInForce() {
+    identify_->SetCallerGlobal(global_);
+    identify_->Setg(state_);
+    identify_->Setpf(programFunctions_);
+    identify_->Setfp(fileFunctions_);
+    identify_->SetEmployeeList(list_);
 }
 
 }  // namespace ledgerwick

@@ -21,7 +21,8 @@ namespace ledgerwick {
 // services, the list, the functions. Loading is left to the host, who may want a label for it.
 //
 // The library keeps one set of references for each thread, so that one session at a time is in
-// force on a thread: the one made last. Its end clears the references that are still its own.
+// force on a thread: the one made last, or the one that was put in force since. Its end clears the
+// references that are still its own.
 class LEDGERWICK_HOSTKIT_API HostSession {
   public:
     // Opens the database file, which must be there with the kit's tables in it.
@@ -33,6 +34,10 @@ class LEDGERWICK_HOSTKIT_API HostSession {
     HostSession(const HostSession&) = delete;
     HostSession& operator=(const HostSession&) = delete;
 
+    // Links the library to this session again after another one was in force on this thread.
+    void putInForce();
+    bool isInForce() const;
+
     CEmployeeList& list() noexcept { return *list_; }
     CPayrollFunctions& payroll() noexcept { return *payroll_; }
     Database& database() noexcept { return *database_; }
@@ -43,6 +48,9 @@ class LEDGERWICK_HOSTKIT_API HostSession {
     std::shared_ptr<Database> database_;
     std::shared_ptr<KitParameters> parameters_;
     std::shared_ptr<KitHostState> state_;
+    ObjectRef global_;
+    ObjectRef programFunctions_;
+    ObjectRef fileFunctions_;
     std::shared_ptr<Identify> identify_;
     std::shared_ptr<CEmployeeList> list_;
     std::shared_ptr<CPayrollFunctions> payroll_;
