@@ -15,6 +15,8 @@ Report autoEnrolStatus(HostSession& session, Date upTo, std::int32_t payrollYear
 using office::letterTo;
 using office::letterTypeNames;
 using office::letterTypeOf;
+using office::letterTypeOfTemplate;
 using office::recipients;
+using office::whyUnfilled;
 
 }  // namespace ledgerwick::app

@@ -1,10 +1,13 @@
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <sstream>
 
 #include "app/autoenrol.h"
 #include "app/commands.h"
 #include "app/options.h"
+#include "app/template_check.h"
 
 namespace ledgerwick::app {
 
@@ -21,6 +24,7 @@ struct AutoEnrolOptions {
     PR_AE_LETTER_TYPES letterType = PR_AELT_NONE;
     std::string folder;
     std::string programFolder;
+    std::vector<std::string> templates;
 };
 
 void runStatus(const Context& context, const AutoEnrolOptions& options) {
@@ -96,16 +100,70 @@ void runLetters(const Context& context, const AutoEnrolOptions& options) {
     context.show(report);
 }
 
-void addLetterType(CLI::App& command, PR_AE_LETTER_TYPES& type) {
+std::string contentOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    if (!file) throw Refusal("cannot read " + path.string());
+    return std::move(bytes).str();
+}
+
+// The files named, and the text files of folders, by name.
+std::vector<std::filesystem::path> templateFiles(const std::vector<std::string>& paths) {
+    std::vector<std::filesystem::path> files;
+    for (const std::string& path : paths) {
+        if (!std::filesystem::is_directory(path)) {
+            files.emplace_back(path);
+            continue;
+        }
+        const auto first = static_cast<std::ptrdiff_t>(files.size());
+        for (const auto& entry : std::filesystem::directory_iterator(path)) {
+            if (entry.path().extension() == ".txt") files.push_back(entry.path());
+        }
+        std::sort(files.begin() + first, files.end());
+    }
+    if (files.empty()) throw Refusal("there is no template in " + paths.front());
+    return files;
+}
+
+void runCheckTemplates(Context& context, const AutoEnrolOptions& options) {
+    std::unique_ptr<HostSession> session;
+    if (!options.database.empty()) session = openCompany(context, options.database);
+    Report report;
+    Table table("faults", {"file", "line", "column", "fault"});
+    const auto files = templateFiles(options.templates);
+    for (const auto& file : files) {
+        const std::string name = file.filename().string();
+        const auto type = options.letterType != PR_AELT_NONE ? std::optional(options.letterType)
+                                                             : letterTypeOfTemplate(name);
+        if (!type) {
+            table.add({name, 1, 1, "no letter is made from a file of this name; say --type"});
+        }
+        const auto why = [&](LetterValue value) {
+            return whyUnfilled(value, type, session ? &session->parameters() : nullptr);
+        };
+        for (const TemplateFault& fault : templateFaults(contentOf(file), why)) {
+            table.add({name, static_cast<std::int64_t>(fault.line),
+                       static_cast<std::int64_t>(fault.column), fault.what});
+        }
+    }
+    const auto faults = static_cast<std::int64_t>(table.rows().size());
+    report.say(counted(static_cast<std::int64_t>(files.size()), "template") + ", " +
+               counted(faults, "fault"));
+    report.table(std::move(table));
+    context.show(report);
+    if (faults > 0) context.outcome = exitBadFile;
+}
+
+CLI::Option* addLetterType(CLI::App& command, PR_AE_LETTER_TYPES& type, const std::string& help) {
     const auto read = [&type](const std::string& name) {
         const auto found = letterTypeOf(name);
         if (!found)
             throw CLI::ValidationError("\"" + name + "\" is not one of " + letterTypeNames());
         type = *found;
     };
-    command.add_option_function<std::string>("--type", read, "One of " + letterTypeNames())
-        ->type_name("NAME")
-        ->required();
+    return command.add_option_function<std::string>("--type", read, help + letterTypeNames())
+        ->type_name("NAME");
 }
 
 }  // namespace
@@ -152,11 +210,23 @@ void addAutoEnrolCommands(CLI::App& app, Context& context) {
 
     auto* letters =
         add("letters", "Write a letter to each worker that one of its kind goes to", runLetters);
-    addLetterType(*letters, options->letterType);
+    addLetterType(*letters, options->letterType, "One of ")->required();
     letters->add_option("--out", options->folder, "The folder for the letters")->required();
     letters->add_option("--employee", options->naid, "Only the employee of this number");
     letters->add_option("--templates", options->programFolder,
                         "The folder that holds \"AE Letter Templates\"; else that of the database");
+
+    auto* check = ae->add_subcommand("check-templates", "Find what is wrong with letter templates");
+    check->add_option("FILE", options->templates, "Templates, or folders of templates")
+        ->required()
+        ->check(CLI::ExistingPath);
+    addLetterType(*check, options->letterType,
+                  "The kind of letter, else told by each file's name: ");
+    check->add_option("--db", options->database,
+                      "The company, to tell which parameters its letters lack");
+    check->callback([&context, options] {
+        context.action = [&context, options] { runCheckTemplates(context, *options); };
+    });
 }
 
 }  // namespace ledgerwick::app

@@ -18,7 +18,8 @@ constexpr const char* footer = R"(Exit codes:
   1  the library, the database or a file failed; an error of the library is
      shown with its number, source and description
   2  the command line cannot be understood
-  3  a file to import holds a fault; nothing of that import was stored
+  3  a file to import holds a fault, and nothing of that import was stored; or a
+     template does
   4  there is no such employee or database, or it is not in a state for this)";
 
 // The letters of the name are the form: `--csv`, `--json`.
@@ -46,7 +47,7 @@ int runAction(const Context& context) {
     try {
         context.action();
         context.out.flush();
-        return context.out.good() ? exitDone : exitError;
+        return context.out.good() ? context.outcome : exitError;
     } catch (const Refusal& refusal) {
         context.err << "ledgerwick: " << withoutControls(refusal.what()) << '\n';
         return exitRefused;

@@ -21,7 +21,7 @@ enum ExitCode : int {
     exitDone = 0,
     exitError = 1,    // the library, the database or a file failed
     exitUsage = 2,    // the command line cannot be understood
-    exitBadFile = 3,  // a file to import holds a fault
+    exitBadFile = 3,  // a file to import, or a template, holds a fault
     exitRefused = 4,  // there is no such employee or database, or it is not in a state for this
 };
 
@@ -39,6 +39,7 @@ struct Context {
     std::optional<Date> fixedToday;  // `--today`
     Format format = Format::Text;
     std::function<void()> action;  // the command chosen
+    ExitCode outcome = exitDone;   // what a command has to tell beside its report
 
     // The day given, else the day of the system's clock.
     Date today() const;

@@ -3,6 +3,7 @@
 
 #include "ledgerwick/autoenrol/ae_letter_detail.h"
 #include "ledgerwick/autoenrol/auto_enrol_status.h"
+#include "ledgerwick/autoenrol/letter_template.h"
 #include "ledgerwick/calendar/pr_functions.h"
 #include "ledgerwick/employee/employee.h"
 #include "ledgerwick/employee/employee_list.h"

@@ -25,41 +25,51 @@ constexpr std::array letterNames{
 
 // The figures and words that every letter of a company shares, by the parameters that hold them. A
 // parameter that is not there leaves its placeholder in the letter.
-struct MoneyFigure {
+struct CompanyValue {
+    LetterValue value;
     const char* parameter;
-    void (CAELetterDetail::*let)(Currency);
+    void (*let)(CAELetterDetail&, const Variant&, const char* parameter);
 };
-constexpr std::array moneyFigures{
-    MoneyFigure{"AETriggerMonth", &CAELetterDetail::AETriggerGBP_M},
-    MoneyFigure{"AETriggerYear", &CAELetterDetail::AETriggerGBP_A},
-    MoneyFigure{"AETriggerWeek", &CAELetterDetail::AETriggerGBP_W},
-    MoneyFigure{"LELMonth", &CAELetterDetail::LELGBP_M},
-    MoneyFigure{"LELWeek", &CAELetterDetail::LELGBP_W},
-};
-struct PercentFigure {
-    const char* parameter;
-    void (CAELetterDetail::*let)(float);
-};
-constexpr std::array percentFigures{
-    PercentFigure{"AEMinContrib", &CAELetterDetail::AEMinContribPct},
-    PercentFigure{"AEMinEmployerContrib", &CAELetterDetail::AEMinEmployerContribPct},
-    PercentFigure{"AEMinEmployeeContrib", &CAELetterDetail::AEMinEmployeeContribPct},
+
+template <void (CAELetterDetail::*let)(Currency)>
+void letMoney(CAELetterDetail& letter, const Variant& value, const char* parameter) {
+    (letter.*let)(value.toCurrency(parameter));
+}
+
+template <void (CAELetterDetail::*let)(float)>
+void letPercent(CAELetterDetail& letter, const Variant& value, const char* parameter) {
+    (letter.*let)(value.toSingle(parameter));
+}
+
+void letAge(CAELetterDetail& letter, const Variant& value, const char* parameter) {
+    letter.AETriggerAge(value.toInt16(parameter));
+}
+
+void letProvider(CAELetterDetail& letter, const Variant& value, const char*) {
+    letter.PensionProvider(value.toText());
+}
+
+using Letter = CAELetterDetail;
+using enum LetterValue;
+constexpr std::array companyValues{
+    CompanyValue{AETriggerGBP_M, "AETriggerMonth", letMoney<&Letter::AETriggerGBP_M>},
+    CompanyValue{AETriggerGBP_A, "AETriggerYear", letMoney<&Letter::AETriggerGBP_A>},
+    CompanyValue{AETriggerGBP_W, "AETriggerWeek", letMoney<&Letter::AETriggerGBP_W>},
+    CompanyValue{LELGBP_M, "LELMonth", letMoney<&Letter::LELGBP_M>},
+    CompanyValue{LELGBP_W, "LELWeek", letMoney<&Letter::LELGBP_W>},
+    CompanyValue{AEMinContribPct, "AEMinContrib", letPercent<&Letter::AEMinContribPct>},
+    CompanyValue{AEMinEmployerContribPct, "AEMinEmployerContrib",
+                 letPercent<&Letter::AEMinEmployerContribPct>},
+    CompanyValue{AEMinEmployeeContribPct, "AEMinEmployeeContrib",
+                 letPercent<&Letter::AEMinEmployeeContribPct>},
+    CompanyValue{AETriggerAge, "AETriggerAge", letAge},
+    CompanyValue{PensionProvider, "PensionProvider", letProvider},
 };
 
 void fillFigures(KitParameters& parameters, CAELetterDetail& letter) {
-    for (const auto& figure : moneyFigures) {
-        if (!parameters.Has(figure.parameter)) continue;
-        (letter.*figure.let)(parameters.Get(figure.parameter).toCurrency(figure.parameter));
-    }
-    for (const auto& figure : percentFigures) {
-        if (!parameters.Has(figure.parameter)) continue;
-        (letter.*figure.let)(parameters.Get(figure.parameter).toSingle(figure.parameter));
-    }
-    if (parameters.Has("AETriggerAge")) {
-        letter.AETriggerAge(parameters.Get("AETriggerAge").toInt16("AETriggerAge"));
-    }
-    if (parameters.Has("PensionProvider")) {
-        letter.PensionProvider(parameters.Get("PensionProvider").toText());
+    for (const auto& each : companyValues) {
+        if (!parameters.Has(each.parameter)) continue;
+        each.let(letter, parameters.Get(each.parameter), each.parameter);
     }
     letter.EmployerSchemeName(parameters.Get("EmployerSchemeName", Variant("")).toText());
 }
@@ -118,6 +128,28 @@ std::string letterTypeNames() {
         names += entry.name;
     }
     return names;
+}
+
+std::optional<PR_AE_LETTER_TYPES> letterTypeOfTemplate(std::string_view fileName) {
+    for (const auto& entry : letterNames) {
+        CAELetterDetail letter;
+        letter.LetterType(entry.type);
+        if (letter.LetterTypeText() + ".txt" == fileName) return entry.type;
+    }
+    return std::nullopt;
+}
+
+std::string whyUnfilled(LetterValue value, std::optional<PR_AE_LETTER_TYPES> type,
+                        const KitParameters* parameters) {
+    if (value == LetterValue::AEPostponementEndDate && type && *type != PR_AELT_POSTPONEMENT) {
+        return "only letters of postponement are sure to fill it";
+    }
+    if (parameters == nullptr) return {};
+    for (const auto& each : companyValues) {
+        if (each.value != value || parameters->Has(each.parameter)) continue;
+        return std::string("the company has no parameter ") + each.parameter;
+    }
+    return {};
 }
 
 std::vector<std::shared_ptr<cEmployee>> recipients(HostSession& session, PR_AE_LETTER_TYPES type) {

@@ -17,6 +17,15 @@ namespace ledgerwick::office {
 LEDGERWICK_HOSTKIT_API std::optional<PR_AE_LETTER_TYPES> letterTypeOf(std::string_view name);
 // The names, parted by commas.
 LEDGERWICK_HOSTKIT_API std::string letterTypeNames();
+// The kind of letter that is made from a template of that file name, "Re-Enrolment.txt".
+LEDGERWICK_HOSTKIT_API std::optional<PR_AE_LETTER_TYPES> letterTypeOfTemplate(
+    std::string_view fileName);
+
+// Why a letter of the kind may show the placeholder of a value unfilled; empty when it never does.
+// Shape:  without a kind, of any kind; without parameters, for a company that has all of them.
+LEDGERWICK_HOSTKIT_API std::string whyUnfilled(LetterValue value,
+                                               std::optional<PR_AE_LETTER_TYPES> type,
+                                               const KitParameters* parameters);
 
 // The workers to whom a letter of the kind goes: of the regular active employees those in a
 // workplace scheme for an enrolment or a re-enrolment, those with a postponement that has not run

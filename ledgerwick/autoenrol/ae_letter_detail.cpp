@@ -58,33 +58,6 @@ std::string readTemplate(const std::filesystem::path& path) {
     return windows1252ToUtf8(bytes);
 }
 
-// ---- year blocks --------------------------------------------------------------------------------
-
-constexpr std::string_view tagPattern = "$Pre##_##Text$";  // # is a digit
-
-bool isTag(std::string_view text) {
-    for (std::size_t i = 0; i < tagPattern.size(); ++i) {
-        const bool fits =
-            tagPattern[i] == '#' ? text[i] >= '0' && text[i] <= '9' : text[i] == tagPattern[i];
-        if (!fits) return false;
-    }
-    return true;
-}
-
-// Where the first tag begins, or npos.
-std::size_t findTag(std::string_view text) {
-    for (std::size_t at = text.find('$'); at != text.npos; at = text.find('$', at + 1)) {
-        if (text.size() - at < tagPattern.size()) break;
-        if (isTag(text.substr(at))) return at;
-    }
-    return text.npos;
-}
-
-// The payroll year number behind the "_" of a tag: the block is for letters of years before it.
-int yearOfTag(std::string_view tag) {
-    return (tag[7] - '0') * 10 + (tag[8] - '0');
-}
-
 }  // namespace
 
 CAELetterDetail::CAELetterDetail() {
@@ -94,63 +67,63 @@ CAELetterDetail::CAELetterDetail() {
 // ---- values that the template shows -------------------------------------------------------------
 
 void CAELetterDetail::EmployeeForename(std::string value) {
-    fillPlaceholder("%Forename%", value);
+    fill(LetterValue::EmployeeForename, value);
     employeeForename_ = std::move(value);
 }
 
 void CAELetterDetail::AETriggerGBP_M(Currency value) {
     aeTriggerMonth_ = value;
-    fillPlaceholder("%AETrigger£M%", formatNumber(value, "###0"));
+    fill(LetterValue::AETriggerGBP_M, value);
 }
 
 void CAELetterDetail::AETriggerGBP_A(Currency value) {
     aeTriggerYear_ = value;
-    fillPlaceholder("%AETrigger£A%", formatNumber(value, "#,##0"));
+    fill(LetterValue::AETriggerGBP_A, value);
 }
 
 void CAELetterDetail::AETriggerGBP_W(Currency value) {
     aeTriggerWeek_ = value;
-    fillPlaceholder("%AETrigger£W%", formatNumber(value, "###0"));
+    fill(LetterValue::AETriggerGBP_W, value);
 }
 
 void CAELetterDetail::AEMinContribPct(float value) {
     aeMinContribPct_ = value;
-    fillPlaceholder("%AEMinContrib%", formatNumber(double{value}, "###0"));
+    fill(LetterValue::AEMinContribPct, double{value});
 }
 
 void CAELetterDetail::AEMinEmployerContribPct(float value) {
     aeMinEmployerContribPct_ = value;
-    fillPlaceholder("%AEMinEmployerContrib%", formatNumber(double{value}, "###0"));
+    fill(LetterValue::AEMinEmployerContribPct, double{value});
 }
 
 void CAELetterDetail::AEMinEmployeeContribPct(float value) {
     aeMinEmployeeContribPct_ = value;
-    fillPlaceholder("%AEMinEmployeeContrib%", formatNumber(double{value}, "###0"));
+    fill(LetterValue::AEMinEmployeeContribPct, double{value});
 }
 
 void CAELetterDetail::PensionProvider(std::string value) {
-    fillPlaceholder("%PensionProvider%", value);
+    fill(LetterValue::PensionProvider, value);
     pensionProvider_ = std::move(value);
 }
 
 void CAELetterDetail::LELGBP_M(Currency value) {
     lelMonth_ = value;
-    fillPlaceholder("%LEL£M%", formatNumber(value, "###0"));
+    fill(LetterValue::LELGBP_M, value);
 }
 
 void CAELetterDetail::LELGBP_W(Currency value) {
     lelWeek_ = value;
-    fillPlaceholder("%LEL£W%", formatNumber(value, "###0"));
+    fill(LetterValue::LELGBP_W, value);
 }
 
 void CAELetterDetail::AETriggerAge(std::int16_t value) {
     aeTriggerAge_ = value;
-    fillPlaceholder("%AETriggerAge%", formatNumber(static_cast<double>(value), " ###0"));
+    fill(LetterValue::AETriggerAge, static_cast<double>(value));
 }
 
 void CAELetterDetail::PayDateFull(Date value) {
     payDateFull_ = value;
-    fillPlaceholder("%PayDateFull%", formatDate(value, " dd mmmm yyyy"));
+    fill(LetterValue::PayDateFull, value);
 }
 
 Date CAELetterDetail::LetterDate() const {
@@ -159,16 +132,30 @@ Date CAELetterDetail::LetterDate() const {
 
 void CAELetterDetail::AEPostponementEndDate(Date value) {
     aePostponementEndDate_ = value;
-    fillPlaceholder("%AEPostponementEndDate%", formatDate(value, " dd mmmm yyyy"));
+    fill(LetterValue::AEPostponementEndDate, value);
 }
 
 std::string CAELetterDetail::SignatureFile() const {
     return signatureFile_ ? *signatureFile_ : defaultSignatureFile();
 }
 
-void CAELetterDetail::fillPlaceholder(std::string_view placeholder, std::string text) {
-    const std::string key(placeholder);
+// ---- placeholders -------------------------------------------------------------------------------
+
+void CAELetterDetail::fill(LetterValue which, std::string text) {
+    const std::string key(placeholderOf(which).text);
     if (!placeholders_.Exists(key)) placeholders_.Add(key, std::move(text));
+}
+
+void CAELetterDetail::fill(LetterValue which, Currency value) {
+    fill(which, formatNumber(value, placeholderOf(which).picture));
+}
+
+void CAELetterDetail::fill(LetterValue which, double value) {
+    fill(which, formatNumber(value, placeholderOf(which).picture));
+}
+
+void CAELetterDetail::fill(LetterValue which, Date value) {
+    fill(which, formatDate(value, placeholderOf(which).picture));
 }
 
 // ---- texts --------------------------------------------------------------------------------------
@@ -226,16 +213,14 @@ std::string CAELetterDetail::LetterText() const {
 // Keeps or deletes the first block "$PreAA_BBText$[...]" of the text. The block ends at the first
 // "]"; one that is not opened or not ended leaves the text as it is. Further tags stay.
 void CAELetterDetail::ApplyPreYearBlock(std::string& text) const {
-    const std::size_t begin = findTag(text);
-    if (begin == text.npos) return;
-    const std::string tag = text.substr(begin, tagPattern.size());
-    const std::size_t end = text.find(']', begin);
-    if (end == text.npos || text[begin + tag.size()] != '[') return;
+    const auto block = findYearBlock(text);
+    if (!block || !block->isSound()) return;
+    const std::string tag = text.substr(block->begin, yearTagPattern.size());
 
-    if (PayrollYear() >= yearOfTag(tag)) {
-        text = replaceAll(text, text.substr(begin, end + 1 - begin), "");
+    if (PayrollYear() >= block->beforeYear) {
+        text = replaceAll(text, text.substr(block->begin, block->end + 1 - block->begin), "");
     } else {
-        text.erase(end, 1);
+        text.erase(block->end, 1);
         text = replaceAll(text, tag + "[", "");
     }
 }

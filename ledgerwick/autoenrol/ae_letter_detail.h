@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "ledgerwick/autoenrol/letter_template.h"
 #include "ledgerwick/export.h"
 #include "ledgerwick/shell/enums.h"
 #include "ledgerwick/shell/identify.h"
@@ -31,7 +32,8 @@ namespace ledgerwick {
 //
 // A let with a placeholder beside it stores its value and, the first time only, lays down the text
 // that takes the placeholder's place: the letter shows the first value set, the get gives the last.
-// A placeholder whose property was never set stays in the letter. Names that end in GBP_M, GBP_A
+// A placeholder whose property was never set stays in the letter. What there is of them, and how
+// each value is written, is the table in letter_template.h. Names that end in GBP_M, GBP_A
 // and GBP_W fill placeholders that end in £M, £A and £W: by month, by year, by week.
 //
 // Whole-number texts are rounded, an exact half away from zero.
@@ -116,7 +118,11 @@ class LEDGERWICK_API CAELetterDetail : public Object {
     std::string LetterText() const;
 
   private:
-    void fillPlaceholder(std::string_view placeholder, std::string text);
+    // Lays down the text in a placeholder's place, unless there is one.
+    void fill(LetterValue which, std::string text);
+    void fill(LetterValue which, Currency value);
+    void fill(LetterValue which, double value);
+    void fill(LetterValue which, Date value);
     void ApplyPreYearBlock(std::string& text) const;
 
     std::string employeeForename_, pensionProvider_;
