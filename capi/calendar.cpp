@@ -1,0 +1,88 @@
+// The tax calendar and the dates that are expected next.
+#include "capi/session.h"
+#include "ledgerwick/shell/payroll_functions.h"
+
+namespace {
+
+using namespace ledgerwick;
+using namespace ledgerwick::c;
+
+constexpr std::string_view here = "ledgerwick_calendar";
+
+// The first and the last day that the library puts in an array.
+void giveDays(const Variant& dates, ledgerwick_date* first, ledgerwick_date* last) {
+    give(first, dateOut(dates.array(here).at(1).toDate(here)));
+    give(last, dateOut(dates.array(here).at(2).toDate(here)));
+}
+
+std::int16_t weekOrMonth(std::int32_t number) {
+    return Variant(number).toInt16(here);
+}
+
+}  // namespace
+
+std::int32_t ledgerwick_tax_date(ledgerwick_date date, std::int32_t* payroll_year,
+                                 std::int32_t* week, std::int32_t* month, ledgerwick_error* error) {
+    return call(error, [&] {
+        CPayrollFunctions payroll;
+        const Date day = dateNeeded(date, here);
+        give(payroll_year, payroll.PR_TaxYearNo(day));
+        give(week, payroll.C_CalcTaxWeek(day));
+        give(month, payroll.C_CalcTaxMonth(day));
+    });
+}
+
+std::int32_t ledgerwick_pay_period(ledgerwick_date date, std::int32_t frequency,
+                                   ledgerwick_date* first, ledgerwick_date* last,
+                                   std::int32_t* number, ledgerwick_error* error) {
+    return call(error, [&] {
+        CPayrollFunctions payroll;
+        const Date day = dateNeeded(date, here);
+        const std::int16_t code = payroll.C_Convert_PayFreq_to_PayPeriod(frequencyIn(frequency));
+        Variant dates;
+        payroll.C_CalcTaxPeriodEndDate(day, code, &dates);
+        const std::int32_t period = payroll.C_CalcTaxWeek_Month(day, code);
+        giveDays(dates, first, last);
+        give(number, period);
+    });
+}
+
+std::int32_t ledgerwick_reference_period(ledgerwick_session* session, ledgerwick_date date,
+                                         std::int32_t frequency, ledgerwick_date* first,
+                                         ledgerwick_date* last, ledgerwick_error* error) {
+    return call(error, [&] {
+        CPayrollFunctions& payroll = sessionIn(session).payroll();
+        Variant dates;
+        payroll.AECalcR_PRP(dateNeeded(date, here),
+                            payroll.C_Convert_PayFreq_to_PayPeriod(frequencyIn(frequency)), dates);
+        giveDays(dates, first, last);
+    });
+}
+
+std::int32_t ledgerwick_tax_week_end(ledgerwick_session* session, std::int32_t week,
+                                     ledgerwick_date* last, ledgerwick_error* error) {
+    return call(error, [&] {
+        CPayrollFunctions& payroll = sessionIn(session).payroll();
+        give(last, dateOut(payroll.C_CalcTaxWeekEndDate(weekOrMonth(week))));
+    });
+}
+
+std::int32_t ledgerwick_tax_month_end(ledgerwick_session* session, std::int32_t month,
+                                      ledgerwick_date* last, ledgerwick_error* error) {
+    return call(error, [&] {
+        CPayrollFunctions& payroll = sessionIn(session).payroll();
+        give(last, dateOut(payroll.C_CalcTaxMonthEndDate(weekOrMonth(month))));
+    });
+}
+
+std::int32_t ledgerwick_next_expected(ledgerwick_session* session, ledgerwick_date date,
+                                      std::int32_t frequency, std::int32_t period_end,
+                                      std::int32_t reverse, std::int32_t change,
+                                      ledgerwick_date* next, ledgerwick_error* error) {
+    return call(error, [&] {
+        const Date found = sessionIn(session).payroll().C_Calc_Next_NExpDate(
+            dateNeeded(date, here), frequencyIn(frequency),
+            period_end != 0 ? PR_NExp_EPE : PR_NExp_Pay, change != 0, reverse != 0);
+        give(next, dateOut(found));
+    });
+}

@@ -1,0 +1,119 @@
+#include "capi/call.h"
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+#include <new>
+
+#include "capi/utf8.h"
+
+namespace ledgerwick::c {
+
+namespace {
+
+template <std::size_t Size>
+void copyText(char (&place)[Size], std::string_view text) noexcept {
+    std::size_t length = std::min(text.size(), Size - 1);
+    while (length < text.size() && length > 0 && isContinuation(text[length])) --length;
+    std::memcpy(place, text.data(), length);
+    place[length] = '\0';
+}
+
+std::int32_t tell(ledgerwick_error* error, std::int32_t number, std::string_view source,
+                  std::string_view description) noexcept {
+    if (number == LEDGERWICK_OK) number = LEDGERWICK_INTERNAL;
+    if (error) {
+        error->number = number;
+        copyText(error->source, source);
+        copyText(error->description, description);
+    }
+    return number;
+}
+
+}  // namespace
+
+void succeeded(ledgerwick_error* error) noexcept {
+    if (!error) return;
+    error->number = LEDGERWICK_OK;
+    error->source[0] = error->description[0] = '\0';
+}
+
+std::int32_t failed(ledgerwick_error* error) noexcept {
+    try {
+        throw;
+    } catch (const Error& failure) {
+        try {
+            return tell(error, failure.Number(), soundUtf8(failure.Source()),
+                        soundUtf8(failure.Description()));
+        } catch (...) {
+            return tell(error, failure.Number(), {}, {});
+        }
+    } catch (const std::bad_alloc&) {
+        return tell(error, LEDGERWICK_OUT_OF_MEMORY, "ledgerwick", "Out of memory");
+    } catch (const std::exception& failure) {
+        return tell(error, LEDGERWICK_INTERNAL, "ledgerwick", failure.what());
+    } catch (...) {
+        return tell(error, LEDGERWICK_INTERNAL, "ledgerwick", "Unknown failure");
+    }
+}
+
+std::string textIn(const char* text, std::string_view what) {
+    if (!text) raise(LEDGERWICK_NULL, what, "the text is NULL");
+    if (!isUtf8(text)) {
+        throw Error(LEDGERWICK_NOT_UTF8, std::string(what), "The text is not UTF-8");
+    }
+    return text;
+}
+
+std::string textIn(const char* text, std::string_view what, std::string_view otherwise) {
+    return text ? textIn(text, what) : std::string(otherwise);
+}
+
+Date dateIn(ledgerwick_date date, std::string_view what) {
+    if (date == 0) return {};
+    const int year = date / 10000;
+    const int month = date / 100 % 100;
+    const int day = date % 100;
+    constexpr int firstYear = 100;  // of the library's dates
+    constexpr int lastYear = 9999;
+    if (date > 0 && year >= firstYear && year <= lastYear && month >= 1 && month <= 12) {
+        const Date read = Date::fromYmd(year, month, day);
+        if (day >= 1 && read.day() == day) return read;
+    }
+    raise(LEDGERWICK_TYPE_MISMATCH, what, std::to_string(date) + " is not a date (YYYYMMDD)");
+}
+
+Date dateNeeded(ledgerwick_date date, std::string_view what) {
+    if (date == 0) raise(LEDGERWICK_TYPE_MISMATCH, what, "the date is not set");
+    return dateIn(date, what);
+}
+
+ledgerwick_date dateOut(Date date) {
+    if (!date.isSet()) return 0;
+    const auto [year, month, day] = date.ymd();
+    return year * 10000 + month * 100 + day;
+}
+
+PR_Pay_Freq frequencyIn(std::int32_t frequency, bool choice) {
+    switch (frequency) {
+        case LEDGERWICK_ALL:
+            if (!choice) break;
+            [[fallthrough]];
+        case LEDGERWICK_CASUAL:
+        case LEDGERWICK_WEEKLY:
+        case LEDGERWICK_FORTNIGHTLY:
+        case LEDGERWICK_FOUR_WEEKLY:
+        case LEDGERWICK_MONTHLY:
+        case LEDGERWICK_QUARTERLY:
+        case LEDGERWICK_HALF_YEARLY:
+        case LEDGERWICK_YEARLY:
+            return static_cast<PR_Pay_Freq>(frequency);
+        default:
+            break;
+    }
+    constexpr std::int32_t invalidPayFrequency = 9910;
+    throw Error(invalidPayFrequency, "ledgerwick_c",
+                "Invalid Pay Freq (" + std::to_string(frequency) + ").");
+}
+
+}  // namespace ledgerwick::c

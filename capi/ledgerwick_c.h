@@ -1,0 +1,456 @@
+// Ledgerwick for C, and for every language that can call C.
+//
+//   ledgerwick_session *session;
+//   ledgerwick_error error;
+//   if (ledgerwick_session_open("company.db", 20160408, NULL, &session, &error) != LEDGERWICK_OK) {
+//       fprintf(stderr, "%s: %s\n", error.source, error.description);
+//       return 1;
+//   }
+//   ledgerwick_load(session, &error);
+//
+// Calls.     Every call that can fail returns LEDGERWICK_OK or the number of the error, and tells
+//            number, source and description through its last argument, which may be NULL. Outputs
+//            are written only by a call that succeeds. An output that holds a value may be NULL when
+//            it is not wanted; one that receives a handle may not.
+// Handles.   A handle is a token, never an address: a call with a handle that was closed, or never
+//            opened, fails with LEDGERWICK_CLOSED. What is still open when its thread ends is closed
+//            with it.
+// Threads.   A handle belongs to the thread that opened it; on another one every call with it fails
+//            with LEDGERWICK_WRONG_THREAD. Two threads work at the same time with a session each.
+//            Several sessions of one thread may be used in turn.
+// Texts.     UTF-8, ended by a zero byte. A text that is handed in is copied; one that is not UTF-8
+//            fails with LEDGERWICK_NOT_UTF8. A text that is handed out belongs to the handle and
+//            stays valid until the next call with that handle.
+// Dates.     A number of eight digits, 20160408 for 8 April 2016; 0 means not set.
+// Money.     Ten-thousandths: 4125000 is 412.50.
+// Numbers.   Payroll year n is the tax year from 6 April 1999 + n. A flag is 0 or 1. Rows and
+//            columns of a table are counted from 0.
+// ABI.       Within one LEDGERWICK_C_ABI functions are added and never changed or taken away, and
+//            `ledgerwick_options` grows only at its end. The number is also that of the library's
+//            file (libledgerwick_c.so.1).
+#ifndef LEDGERWICK_C_H
+#define LEDGERWICK_C_H
+
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(LEDGERWICK_C_STATIC)
+#define LEDGERWICK_C_API
+#elif defined(_WIN32)
+#ifdef LEDGERWICK_C_BUILDING
+#define LEDGERWICK_C_API __declspec(dllexport)
+#else
+#define LEDGERWICK_C_API __declspec(dllimport)
+#endif
+#else
+#define LEDGERWICK_C_API __attribute__((visibility("default")))
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#define LEDGERWICK_C_ABI 1
+
+typedef struct ledgerwick_session ledgerwick_session;  // an open company
+typedef struct ledgerwick_table ledgerwick_table;      // rows that were handed out; read-only
+typedef struct ledgerwick_row ledgerwick_row;          // one row of the database in work
+
+typedef int32_t ledgerwick_date;
+typedef int64_t ledgerwick_money;
+
+// The errors of this interface itself. All other numbers are those of the library and of the
+// database (9909 for an invalid pay period, 3146 for a failure of the database ...).
+enum {
+    LEDGERWICK_OK = 0,
+    LEDGERWICK_INVALID_CALL = 5,  // the arguments, or the state of things, do not allow the call
+    LEDGERWICK_OVERFLOW = 6,      // a number too large for its place
+    LEDGERWICK_OUT_OF_MEMORY = 7,
+    LEDGERWICK_OUT_OF_RANGE = 9,    // a row or column that the table does not have
+    LEDGERWICK_TYPE_MISMATCH = 13,  // a date that is none, a value of another kind
+    LEDGERWICK_INTERNAL = 51,       // a failure that the library has no number for
+    LEDGERWICK_NO_SUCH_FILE = 53,
+    LEDGERWICK_FILE_EXISTS = 58,
+    LEDGERWICK_NULL = 91,  // NULL where an argument is needed; an unknown employee
+    LEDGERWICK_NO_SUCH_ROW = 3021,
+    LEDGERWICK_NO_SUCH_NAME = 3265,  // of a table, a field, a column or a parameter
+    LEDGERWICK_CLOSED = 3420,
+    LEDGERWICK_NOT_UTF8 = 20001,
+    LEDGERWICK_WRONG_THREAD = 20002
+};
+
+// Longer texts are cut, never within a character.
+typedef struct ledgerwick_error {
+    int32_t number;
+    char source[128];
+    char description[2048];
+} ledgerwick_error;
+
+// How often an employee is paid.
+enum {
+    LEDGERWICK_ALL = -1,  // in a choice: everybody
+    LEDGERWICK_CASUAL = 0,
+    LEDGERWICK_WEEKLY = 1,
+    LEDGERWICK_FORTNIGHTLY = 2,
+    LEDGERWICK_FOUR_WEEKLY = 3,
+    LEDGERWICK_MONTHLY = 4,
+    LEDGERWICK_QUARTERLY = 13,
+    LEDGERWICK_HALF_YEARLY = 26,
+    LEDGERWICK_YEARLY = 52
+};
+
+// ---- library ------------------------------------------------------------------------------------
+
+// "1.0.0"
+LEDGERWICK_C_API const char* ledgerwick_version(void);
+// LEDGERWICK_C_ABI as the library was built with it.
+LEDGERWICK_C_API int32_t ledgerwick_abi(void);
+
+// ---- company and session ------------------------------------------------------------------------
+
+// Makes a database with every table and the settings of a company that begins in the tax year from
+// 6 April `tax_year`: monthly pay on the last day of the month until its parameters say otherwise.
+// Errors: 58 when the file is there, 5 for a year outside 2001 to 9990; those of the database.
+LEDGERWICK_C_API int32_t ledgerwick_company_create(const char* path, int32_t tax_year,
+                                                   ledgerwick_error* error);
+
+// What a power cut can take; the crash of a process alone takes nothing that was reported stored.
+enum {
+    LEDGERWICK_EACH_UPDATE = 0,  // nothing that was reported stored
+    LEDGERWICK_BATCHED = 1,      // the call that was running
+    LEDGERWICK_RELAXED = 2       // the last calls before the cut; the file stays whole
+};
+
+// All bytes 0 but `size` is every default: ledgerwick_options options = {sizeof options};
+typedef struct ledgerwick_options {
+    size_t size;               // sizeof(ledgerwick_options)
+    int32_t durability;        // LEDGERWICK_EACH_UPDATE ...
+    int32_t busy_timeout;      // milliseconds for which a write waits for another process; 0: 5000
+    int32_t read_only;         // flag
+    const char* program_path;  // holds the folder "AE Letter Templates"; NULL: the current folder
+    const char* workstation;   // letters, digits and "_"; NULL: "1"
+    const char* program_name;  // in messages; NULL: "Ledgerwick"
+} ledgerwick_options;
+
+// Opens a company. Nothing is loaded yet. The library reads no clock: `today` is what the caller
+// says.
+// Errors: 53 when there is no such file; those of the database.
+LEDGERWICK_C_API int32_t ledgerwick_session_open(const char* path, ledgerwick_date today,
+                                                 const ledgerwick_options* options,
+                                                 ledgerwick_session** session,
+                                                 ledgerwick_error* error);
+// Closing NULL does nothing. Tables stay open.
+LEDGERWICK_C_API int32_t ledgerwick_session_close(ledgerwick_session* session,
+                                                  ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_set_today(ledgerwick_session* session, ledgerwick_date today,
+                                              ledgerwick_error* error);
+
+// Loads every employee who has an employment, in place of what was loaded before.
+LEDGERWICK_C_API int32_t ledgerwick_load(ledgerwick_session* session, ledgerwick_error* error);
+// Loads one employee again; one without employments leaves the list.
+LEDGERWICK_C_API int32_t ledgerwick_reload(ledgerwick_session* session, int32_t naid,
+                                           ledgerwick_error* error);
+
+LEDGERWICK_C_API int32_t ledgerwick_payroll_year(ledgerwick_session* session, int32_t* year,
+                                                 ledgerwick_error* error);
+// A named setting of the company, such as "PRNExpD_M1", the rule of the monthly pay day.
+LEDGERWICK_C_API int32_t ledgerwick_get_parameter(ledgerwick_session* session, const char* name,
+                                                  const char** value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_set_parameter(ledgerwick_session* session, const char* name,
+                                                  const char* value, ledgerwick_error* error);
+
+// ---- tables -------------------------------------------------------------------------------------
+
+// What a cell holds.
+enum {
+    LEDGERWICK_EMPTY = 0,     // nothing was ever written
+    LEDGERWICK_NO_VALUE = 1,  // the database says that there is none
+    LEDGERWICK_BOOLEAN = 2,
+    LEDGERWICK_INTEGER = 3,
+    LEDGERWICK_DOUBLE = 4,
+    LEDGERWICK_MONEY = 5,
+    LEDGERWICK_DATE = 6,
+    LEDGERWICK_TEXT = 7
+};
+
+// Closing NULL does nothing.
+LEDGERWICK_C_API int32_t ledgerwick_table_close(ledgerwick_table* table, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_table_size(ledgerwick_table* table, int64_t* rows,
+                                               int32_t* columns, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_table_name(ledgerwick_table* table, int32_t column,
+                                               const char** name, ledgerwick_error* error);
+// The column of a name, in any case.
+LEDGERWICK_C_API int32_t ledgerwick_table_find(ledgerwick_table* table, const char* name,
+                                               int32_t* column, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_table_kind(ledgerwick_table* table, int64_t row, int32_t column,
+                                               int32_t* kind, ledgerwick_error* error);
+// A cell of another kind is converted where it can be: an empty one reads as 0 or "", a date as
+// "2016-04-08". A boolean reads as 0 or 1. The length of a text may be NULL.
+// Errors: 9 outside the table, 94 for a cell without a value (but "" as a text), 13 and 6 when it
+//         does not convert.
+LEDGERWICK_C_API int32_t ledgerwick_table_integer(ledgerwick_table* table, int64_t row,
+                                                  int32_t column, int64_t* value,
+                                                  ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_table_double(ledgerwick_table* table, int64_t row,
+                                                 int32_t column, double* value,
+                                                 ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_table_money(ledgerwick_table* table, int64_t row,
+                                                int32_t column, ledgerwick_money* value,
+                                                ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_table_date(ledgerwick_table* table, int64_t row, int32_t column,
+                                               ledgerwick_date* value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_table_text(ledgerwick_table* table, int64_t row, int32_t column,
+                                               const char** value, size_t* length,
+                                               ledgerwick_error* error);
+
+// ---- rows of the database -----------------------------------------------------------------------
+// The tables are Customers, PREmployeeDetails, PREmployments, PREmploymentsAddInfo, PRPay,
+// PensionSchemes, Orders, Deadstock, UoM, PRYearEnds, PRControl (whose one row has the key 0) and,
+// for reading, PRPayImport and Parameters. What a program writes here the loaded employees show
+// after `ledgerwick_reload`.
+
+// Every row of a table, or with `naid` other than 0 those of one employee.
+// Errors: 3265 for an unknown table, and for one whose rows belong to no employee.
+LEDGERWICK_C_API int32_t ledgerwick_rows(ledgerwick_session* session, const char* table,
+                                         int32_t naid, ledgerwick_table** out,
+                                         ledgerwick_error* error);
+
+// Begins a new row, or works on the one with that key.
+// Errors: 3265 for an unknown table, 3021 for an unknown key.
+LEDGERWICK_C_API int32_t ledgerwick_row_new(ledgerwick_session* session, const char* table,
+                                            ledgerwick_row** row, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_open(ledgerwick_session* session, const char* table,
+                                             int64_t key, ledgerwick_row** row,
+                                             ledgerwick_error* error);
+// What the row held when it was opened or stored last, with what was set since.
+LEDGERWICK_C_API int32_t ledgerwick_row_kind(ledgerwick_row* row, const char* field, int32_t* kind,
+                                             ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_integer(ledgerwick_row* row, const char* field,
+                                                int64_t* value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_double(ledgerwick_row* row, const char* field,
+                                               double* value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_money(ledgerwick_row* row, const char* field,
+                                              ledgerwick_money* value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_date(ledgerwick_row* row, const char* field,
+                                             ledgerwick_date* value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_text(ledgerwick_row* row, const char* field,
+                                             const char** value, size_t* length,
+                                             ledgerwick_error* error);
+// The value becomes one of the field's own kind. A field of a new row that is not set takes the
+// table's default.
+// Errors: 3265 for an unknown field, 13 and 6 when the value does not convert.
+LEDGERWICK_C_API int32_t ledgerwick_row_set_integer(ledgerwick_row* row, const char* field,
+                                                    int64_t value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_set_double(ledgerwick_row* row, const char* field,
+                                                   double value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_set_money(ledgerwick_row* row, const char* field,
+                                                  ledgerwick_money value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_set_date(ledgerwick_row* row, const char* field,
+                                                 ledgerwick_date value, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_row_set_text(ledgerwick_row* row, const char* field,
+                                                 const char* value, ledgerwick_error* error);
+// Stores what was set, and reads the row again. `key` receives the row's key.
+LEDGERWICK_C_API int32_t ledgerwick_row_store(ledgerwick_row* row, int64_t* key,
+                                              ledgerwick_error* error);
+// What was set and not stored is dropped. Closing NULL does nothing.
+LEDGERWICK_C_API int32_t ledgerwick_row_close(ledgerwick_row* row, ledgerwick_error* error);
+
+// ---- employees ----------------------------------------------------------------------------------
+
+LEDGERWICK_C_API int32_t ledgerwick_count(ledgerwick_session* session, int32_t* employees,
+                                          int32_t* regular, int32_t* casual,
+                                          ledgerwick_error* error);
+// One row for each employee, with the most recent employment; or with `naid` other than 0 for that
+// one alone.
+// Errors: 91 for an unknown employee.
+LEDGERWICK_C_API int32_t ledgerwick_employees(ledgerwick_session* session, int32_t naid,
+                                              ledgerwick_table** out, ledgerwick_error* error);
+// One row for each employment with its running state, oldest first; `naid` as above.
+LEDGERWICK_C_API int32_t ledgerwick_employments(ledgerwick_session* session, int32_t naid,
+                                                ledgerwick_table** out, ledgerwick_error* error);
+
+// Adds an employment of the current payroll year to one who has a row in Customers and
+// PREmployeeDetails, and for a regular one the row from which pay is counted.
+// Shape:  `ae_status` may be NULL. `first_pay` and `first_period_end` of 0 are those of the others
+//         paid as often, or else of the first period.
+// Errors: 3021 without details, 5 for one who is employed; nothing is stored then.
+LEDGERWICK_C_API int32_t ledgerwick_employment_add(ledgerwick_session* session, int32_t naid,
+                                                   ledgerwick_date start, int32_t casual,
+                                                   int32_t continuation, const char* ae_status,
+                                                   ledgerwick_date first_pay,
+                                                   ledgerwick_date first_period_end, int32_t* prtid,
+                                                   ledgerwick_error* error);
+// Ends the most recent employment with that day.
+LEDGERWICK_C_API int32_t ledgerwick_employment_end(ledgerwick_session* session, int32_t naid,
+                                                   ledgerwick_date last_day,
+                                                   ledgerwick_error* error);
+// Moves the dates that are expected next, to skip a period; 0 leaves one as it is.
+// Errors: 91 for an unknown employee, 5 without a closed row of the current employment.
+LEDGERWICK_C_API int32_t ledgerwick_set_next_dates(ledgerwick_session* session, int32_t naid,
+                                                   ledgerwick_date pay, ledgerwick_date period_end,
+                                                   ledgerwick_error* error);
+
+// ---- calendar -----------------------------------------------------------------------------------
+
+// The payroll year, tax week (1 to 53) and tax month (1 to 12) that hold a date.
+LEDGERWICK_C_API int32_t ledgerwick_tax_date(ledgerwick_date date, int32_t* payroll_year,
+                                             int32_t* week, int32_t* month,
+                                             ledgerwick_error* error);
+// The pay period of a frequency that holds a date, and its number in the tax year.
+LEDGERWICK_C_API int32_t ledgerwick_pay_period(ledgerwick_date date, int32_t frequency,
+                                               ledgerwick_date* first, ledgerwick_date* last,
+                                               int32_t* number, ledgerwick_error* error);
+// The pay reference period of auto-enrolment that holds a date.
+LEDGERWICK_C_API int32_t ledgerwick_reference_period(ledgerwick_session* session,
+                                                     ledgerwick_date date, int32_t frequency,
+                                                     ledgerwick_date* first, ledgerwick_date* last,
+                                                     ledgerwick_error* error);
+// The last day of a tax week, and of a tax month, of the current payroll year.
+LEDGERWICK_C_API int32_t ledgerwick_tax_week_end(ledgerwick_session* session, int32_t week,
+                                                 ledgerwick_date* last, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_tax_month_end(ledgerwick_session* session, int32_t month,
+                                                  ledgerwick_date* last, ledgerwick_error* error);
+// The expected pay date behind a date, or with `period_end` the expected end of period; with
+// `reverse` the one before it; with `change` the first after a change to monthly pay.
+LEDGERWICK_C_API int32_t ledgerwick_next_expected(ledgerwick_session* session, ledgerwick_date date,
+                                                  int32_t frequency, int32_t period_end,
+                                                  int32_t reverse, int32_t change,
+                                                  ledgerwick_date* next, ledgerwick_error* error);
+
+// ---- what falls due -----------------------------------------------------------------------------
+// Of the regular employees who are employed now. `none` becomes 1 when nobody was found.
+
+// The earliest date on which pay next falls due, or with `highest` the latest.
+LEDGERWICK_C_API int32_t ledgerwick_next_pay_date(ledgerwick_session* session, int32_t frequency,
+                                                  int32_t highest, int32_t scheme,
+                                                  ledgerwick_date* date, int32_t* none,
+                                                  ledgerwick_error* error);
+// The latest expected pay date that has gone by; leavers count.
+LEDGERWICK_C_API int32_t ledgerwick_last_pay_date(ledgerwick_session* session, int32_t scheme,
+                                                  ledgerwick_date* date, int32_t* none,
+                                                  ledgerwick_error* error);
+// The earliest date on which a pay period next ends.
+LEDGERWICK_C_API int32_t ledgerwick_next_period_end(ledgerwick_session* session, int32_t frequency,
+                                                    ledgerwick_date* date, int32_t* none,
+                                                    ledgerwick_error* error);
+// The pay date of the oldest run that is open; without one the next pay date, and `none` is 1.
+LEDGERWICK_C_API int32_t ledgerwick_open_run_date(ledgerwick_session* session,
+                                                  ledgerwick_date* date, int32_t* none,
+                                                  ledgerwick_error* error);
+// How many employees, and how many periods of theirs, a run on that date would bring in.
+LEDGERWICK_C_API int32_t ledgerwick_count_due(ledgerwick_session* session, ledgerwick_date date,
+                                              int32_t* employees, int32_t* periods,
+                                              ledgerwick_error* error);
+// Who they are: naid, name, frequency, next_pay, period_end, periods.
+LEDGERWICK_C_API int32_t ledgerwick_due(ledgerwick_session* session, ledgerwick_date date,
+                                        ledgerwick_table** out, ledgerwick_error* error);
+// The last day of the pay reference period behind a pay date of an employee; and the day before the
+// latest start of anybody's next one.
+LEDGERWICK_C_API int32_t ledgerwick_reference_period_end(ledgerwick_session* session, int32_t naid,
+                                                         ledgerwick_date pay_date,
+                                                         ledgerwick_date* last,
+                                                         ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_last_reference_period_end(ledgerwick_session* session,
+                                                              ledgerwick_date* last,
+                                                              ledgerwick_error* error);
+
+// ---- the road of a pay run ----------------------------------------------------------------------
+// Open the run; work out pay on the rows it gives (`ledgerwick_row_open` with "PRPay"); mark them;
+// close. A run is for one frequency or LEDGERWICK_ALL, one group or 0, one employee or 0.
+
+// Makes sure that every period due has an open pay row. A second call finds the rows of the first.
+// Shape:  naid, name, prpid, from, to, imported (empty for none), week, period (a pay period code,
+//         or minus the tax month). `unchecked` tells that some piecework has not been checked.
+// Errors: 5 for an employee without pay history, of whom every period since 1899 would fall due.
+LEDGERWICK_C_API int32_t ledgerwick_run_open(ledgerwick_session* session, ledgerwick_date pay_date,
+                                             int32_t frequency, int32_t group, int32_t naid,
+                                             ledgerwick_table** out, int32_t* unchecked,
+                                             ledgerwick_error* error);
+// The open rows up to a pay date: naid, name, prpid, pay_date, period_end, week, period, pay,
+// visited, status.
+LEDGERWICK_C_API int32_t ledgerwick_run_rows(ledgerwick_session* session, ledgerwick_date pay_date,
+                                             int32_t frequency, int32_t group, int32_t naid,
+                                             ledgerwick_table** out, ledgerwick_error* error);
+// Marks open rows as worked out and reported (PRPStatus 3, PRPHasBeenVisited), as a program does
+// that has. Only such rows count as paid when they are loaded.
+LEDGERWICK_C_API int32_t ledgerwick_run_mark_calculated(ledgerwick_session* session,
+                                                        ledgerwick_date pay_date, int32_t frequency,
+                                                        int32_t group, int32_t naid, int32_t* rows,
+                                                        ledgerwick_error* error);
+// Withdraws the visited mark from an employee's open rows.
+LEDGERWICK_C_API int32_t ledgerwick_reset_visited(ledgerwick_session* session, int32_t naid,
+                                                  ledgerwick_error* error);
+// Closes the open rows, clears the imported pay and the checked piecework that they paid, and loads
+// each employee again. Each employee is closed whole or not at all; those before a failure stay
+// closed.
+// Shape:  naid, name, rows, paid_to, next_pay_before, next_pay, next_period_end.
+LEDGERWICK_C_API int32_t ledgerwick_run_close(ledgerwick_session* session, ledgerwick_date pay_date,
+                                              int32_t frequency, int32_t group, int32_t naid,
+                                              ledgerwick_table** out, ledgerwick_error* error);
+// Adds a closed empty row for each period skipped in this year, and tells them: prpid, naid, name,
+// week, period, pay_date, late_reason.
+LEDGERWICK_C_API int32_t ledgerwick_fill_missing_periods(ledgerwick_session* session,
+                                                         ledgerwick_table** out,
+                                                         ledgerwick_error* error);
+
+// Puts a pay value from elsewhere in place of what was imported for the employee before; the next
+// run shows it. The closing of a run takes it out.
+LEDGERWICK_C_API int32_t ledgerwick_import_pay(ledgerwick_session* session, int32_t naid,
+                                               ledgerwick_money value, ledgerwick_error* error);
+// Reads imported pay and piecework into the current employments, as opening a run does.
+LEDGERWICK_C_API int32_t ledgerwick_load_imported(ledgerwick_session* session,
+                                                  ledgerwick_error* error);
+// The checked piecework of an employee's current employment, as it was loaded last: first the
+// totals by item, then the rows by day.
+LEDGERWICK_C_API int32_t ledgerwick_piecework(ledgerwick_session* session, int32_t naid,
+                                              ledgerwick_date from, ledgerwick_date to,
+                                              ledgerwick_table** out, ledgerwick_money* total,
+                                              ledgerwick_error* error);
+
+// ---- auto-enrolment -----------------------------------------------------------------------------
+
+// Where the regular workers stand by their closed pay rows (with `open_rows` the open ones) up to a
+// date, by name; with `naid` other than 0 that one alone. Columns as `GetAEStatus` names them.
+LEDGERWICK_C_API int32_t ledgerwick_ae_status(ledgerwick_session* session, ledgerwick_date up_to,
+                                              int32_t payroll_year, int32_t open_rows, int32_t naid,
+                                              ledgerwick_table** out, ledgerwick_error* error);
+// The regular workers for pick lists, and with `full` for exports. Columns as `C_ActiveEmployees`
+// names them.
+LEDGERWICK_C_API int32_t ledgerwick_ae_employees(ledgerwick_session* session, int32_t full,
+                                                 ledgerwick_table** out, ledgerwick_error* error);
+// One worker's assessments, as one row: first, previous and current date and category, and the pay
+// of the last row that counts.
+LEDGERWICK_C_API int32_t ledgerwick_ae_assessment(ledgerwick_session* session, int32_t naid,
+                                                  ledgerwick_date up_to, int32_t payroll_year,
+                                                  int32_t open_rows, ledgerwick_table** out,
+                                                  ledgerwick_error* error);
+// The rates of a scheme, or the re-enrolment date, have changed: open pay rows that rest on them are
+// to be worked again.
+LEDGERWICK_C_API int32_t ledgerwick_ae_scheme_changed(ledgerwick_session* session, int32_t scheme,
+                                                      ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_ae_re_enrolment_changed(ledgerwick_session* session,
+                                                            ledgerwick_date from,
+                                                            ledgerwick_date to,
+                                                            ledgerwick_error* error);
+
+enum {
+    LEDGERWICK_ENROLMENT = 1,
+    LEDGERWICK_POSTPONEMENT = 2,
+    LEDGERWICK_NOT_ELIGIBLE = 3,
+    LEDGERWICK_RE_ENROLMENT = 4,
+    LEDGERWICK_ENROLMENT_ATTACHMENT = 500
+};
+// The workers to whom a letter of the kind goes: naid, name.
+LEDGERWICK_C_API int32_t ledgerwick_ae_recipients(ledgerwick_session* session, int32_t letter,
+                                                  ledgerwick_table** out, ledgerwick_error* error);
+// The letter to one worker, whole, with line feeds.
+// Errors: 91 for an unknown employee, 53 when there is no template of the kind.
+LEDGERWICK_C_API int32_t ledgerwick_ae_letter(ledgerwick_session* session, int32_t naid,
+                                              int32_t letter, const char** text,
+                                              ledgerwick_error* error);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,184 @@
+#include "capi/session.h"
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+
+#include "capi/utf8.h"
+#include "hostkit/office/company.h"
+
+namespace ledgerwick::c {
+
+namespace {
+
+constexpr std::string_view opening = "ledgerwick_session_open";
+constexpr std::string_view creating = "ledgerwick_company_create";
+
+// The caller's options, of which an older program knows fewer.
+ledgerwick_options optionsIn(const ledgerwick_options* options) {
+    ledgerwick_options known{};
+    if (!options) return known;
+    if (options->size < sizeof options->size || options->size > sizeof known) {
+        raise(LEDGERWICK_INVALID_CALL, opening, "the size of the options is not known");
+    }
+    std::memcpy(&known, options, options->size);
+    return known;
+}
+
+sqlite::OpenOptions openOptions(const ledgerwick_options& options) {
+    const bool isKnown = options.durability >= LEDGERWICK_EACH_UPDATE &&
+                         options.durability <= LEDGERWICK_RELAXED && options.busy_timeout >= 0;
+    if (!isKnown) raise(LEDGERWICK_INVALID_CALL, opening, "durability or busy_timeout");
+    sqlite::OpenOptions open;
+    open.durability = static_cast<sqlite::Durability>(options.durability);
+    if (options.busy_timeout > 0) {
+        open.busyTimeout = std::chrono::milliseconds(options.busy_timeout);
+    }
+    open.readOnly = options.read_only != 0;
+    return open;
+}
+
+HostSettings settings(const ledgerwick_options& options) {
+    HostSettings host;
+    host.programPath = textIn(options.program_path, opening, host.programPath);
+    host.pcId = textIn(options.workstation, opening, host.pcId);
+    host.programName = textIn(options.program_name, opening, host.programName);
+    return host;
+}
+
+void removeFile(const std::string& path) {
+    std::error_code ignored;
+    for (const char* ending : {"", "-wal", "-shm"}) {
+        std::filesystem::remove(path + ending, ignored);
+    }
+}
+
+void create(const std::string& path, std::int32_t taxYear) {
+    constexpr std::int32_t firstYear = 2001;
+    constexpr std::int32_t lastYear = 9990;
+    if (taxYear < firstYear || taxYear > lastYear) {
+        raise(LEDGERWICK_INVALID_CALL, creating, "tax year " + std::to_string(taxYear));
+    }
+    if (path.empty()) raise(LEDGERWICK_INVALID_CALL, creating, "the path is empty");
+    if (std::filesystem::exists(path)) {
+        throw Error(LEDGERWICK_FILE_EXISTS, std::string(creating), "File already exists: " + path);
+    }
+    try {
+        const auto database = sqlite::SqliteDatabase::open(path);
+        database->inTransaction([&] {
+            database->createSchema();
+            office::layDownSettings(*database, taxYear);
+        });
+    } catch (...) {
+        removeFile(path);
+        throw;
+    }
+}
+
+std::shared_ptr<sqlite::SqliteDatabase> openExisting(const std::string& path,
+                                                     const sqlite::OpenOptions& options) {
+    if (!std::filesystem::is_regular_file(path)) {
+        raise(LEDGERWICK_NO_SUCH_FILE, opening, path);
+    }
+    return sqlite::SqliteDatabase::open(path, options);
+}
+
+}  // namespace
+
+Session::Session(const std::string& path, Date today, const sqlite::OpenOptions& options,
+                 HostSettings settings)
+    : database_(openExisting(path, options)) {
+    settings.messages = [this](const std::string&, const std::string& text) { message_ = text; };
+    host_ = std::make_unique<HostSession>(database_, today, std::move(settings));
+}
+
+std::shared_ptr<cEmployee> Session::employee(std::int32_t naid) {
+    auto employee = list().GetEmployeeByNAID(naid);
+    if (!employee) {
+        throw Error(LEDGERWICK_NULL, "ledgerwick_session",
+                    "There is no employee " + std::to_string(naid));
+    }
+    return employee;
+}
+
+Session& sessionIn(Token token) {
+    auto& session = objectOf<Session>(handleOf<ledgerwick_session>(token), "session");
+    if (!session.host().isInForce()) session.host().putInForce();
+    return session;
+}
+
+}  // namespace ledgerwick::c
+
+using namespace ledgerwick::c;
+
+const char* ledgerwick_version(void) {
+    return LEDGERWICK_VERSION;
+}
+
+std::int32_t ledgerwick_abi(void) {
+    return LEDGERWICK_C_ABI;
+}
+
+std::int32_t ledgerwick_company_create(const char* path, std::int32_t tax_year,
+                                       ledgerwick_error* error) {
+    return call(error, [&] { create(textIn(path, creating), tax_year); });
+}
+
+std::int32_t ledgerwick_session_open(const char* path, ledgerwick_date today,
+                                     const ledgerwick_options* options,
+                                     ledgerwick_session** session, ledgerwick_error* error) {
+    return call(error, [&] {
+        needHandle(session, opening);
+        const ledgerwick_options known = optionsIn(options);
+        giveHandle(session,
+                   std::make_unique<Session>(textIn(path, opening), dateNeeded(today, opening),
+                                             openOptions(known), settings(known)));
+    });
+}
+
+std::int32_t ledgerwick_session_close(ledgerwick_session* session, ledgerwick_error* error) {
+    return call(error, [&] { close<Session>(session, "session"); });
+}
+
+std::int32_t ledgerwick_set_today(ledgerwick_session* session, ledgerwick_date today,
+                                  ledgerwick_error* error) {
+    return call(error, [&] {
+        sessionIn(session).host().state().g_dtmToday(dateNeeded(today, "ledgerwick_set_today"));
+    });
+}
+
+std::int32_t ledgerwick_load(ledgerwick_session* session, ledgerwick_error* error) {
+    return call(error, [&] { ledgerwick::office::loadEmployed(sessionIn(session).host()); });
+}
+
+std::int32_t ledgerwick_reload(ledgerwick_session* session, std::int32_t naid,
+                               ledgerwick_error* error) {
+    return call(error, [&] { sessionIn(session).list().ReLoadEmployee(naid); });
+}
+
+std::int32_t ledgerwick_payroll_year(ledgerwick_session* session, std::int32_t* year,
+                                     ledgerwick_error* error) {
+    return call(error, [&] {
+        sessionIn(session);
+        give(year, ledgerwick::DLLGlobal::currentPayrollYear());
+    });
+}
+
+std::int32_t ledgerwick_get_parameter(ledgerwick_session* session, const char* name,
+                                      const char** value, ledgerwick_error* error) {
+    return call(error, [&] {
+        Session& here = sessionIn(session);
+        const auto found =
+            here.host().parameters().Get(textIn(name, "ledgerwick_get_parameter")).toText();
+        const char* const text = here.keepText(soundUtf8(found));
+        give(value, text);
+    });
+}
+
+std::int32_t ledgerwick_set_parameter(ledgerwick_session* session, const char* name,
+                                      const char* value, ledgerwick_error* error) {
+    return call(error, [&] {
+        constexpr std::string_view here = "ledgerwick_set_parameter";
+        sessionIn(session).host().parameters().Set(textIn(name, here), textIn(value, here));
+    });
+}

@@ -1,0 +1,53 @@
+// An open company behind a session handle.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "capi/call.h"
+#include "hostkit/office/pay_run.h"
+#include "hostkit/services/host_session.h"
+#include "hostkit/sqlite/database.h"
+
+namespace ledgerwick::c {
+
+class Session : public Held {
+  public:
+    Session(const std::string& path, Date today, const sqlite::OpenOptions& options,
+            HostSettings settings);
+
+    HostSession& host() noexcept { return *host_; }
+    sqlite::SqliteDatabase& database() noexcept { return *database_; }
+    CPayrollFunctions& payroll() noexcept { return host_->payroll(); }
+    CEmployeeList& list() noexcept { return host_->list(); }
+
+    // Errors: 91 for an unknown employee.
+    std::shared_ptr<cEmployee> employee(std::int32_t naid);
+    // Runs what the library answers with False and a message instead of an error.
+    // Errors: 3146 with the message.
+    template <class Work>
+    void orMessage(std::string_view source, Work&& work) {
+        message_.clear();
+        work();
+        if (!message_.empty()) raise(error_number::databaseError, source, message_);
+    }
+    // Keeps a text for the caller until the next one.
+    const char* keepText(std::string text) {
+        text_ = std::move(text);
+        return text_.c_str();
+    }
+
+  private:
+    std::string message_;
+    std::string text_;
+    std::shared_ptr<sqlite::SqliteDatabase> database_;
+    std::unique_ptr<HostSession> host_;
+};
+
+// The session of a handle, put in force on this thread.
+Session& sessionIn(Token token);
+inline Session& sessionIn(const ledgerwick_session* handle) {
+    return sessionIn(tokenOf(handle));
+}
+
+}  // namespace ledgerwick::c
