@@ -58,6 +58,7 @@ class Parser {
 bool needsQuotes(std::string_view field) {
     if (field.empty()) return false;
     if (field.front() == ' ' || field.back() == ' ') return true;
+    if (field.starts_with(byteOrderMark)) return true;
     return field.find_first_of(",\"\r\n") != std::string_view::npos;
 }
 
@@ -97,11 +98,12 @@ std::optional<CsvFault> CsvReader::read(std::istream& in, const RowTaker& take) 
 }
 
 void CsvWriter::row(const std::vector<std::string>& fields) {
+    const bool lookEmpty = fields.size() == 1 && fields.front().empty();
     bool first = true;
     for (const std::string& field : fields) {
         if (!first) out_ << ',';
         first = false;
-        if (needsQuotes(field)) {
+        if (needsQuotes(field) || lookEmpty) {
             writeQuoted(out_, field);
         } else {
             out_ << field;

@@ -31,8 +31,8 @@ class CsvReader {
     static std::optional<CsvFault> read(std::istream& in, const RowTaker& take);
 };
 
-// Writes rows. A field is quoted when it holds a comma, a quote, a line end, or a blank at either
-// end; lines end with a line feed.
+// Writes rows. A field is quoted when it holds a comma, a quote, a line end, a blank at either end
+// or a byte order mark in front, and when it is empty and alone; lines end with a line feed.
 class CsvWriter {
   public:
     explicit CsvWriter(std::ostream& out) : out_(out) {}

@@ -144,7 +144,7 @@ void Connection::execute(std::string_view sql) {
     lifted_.lift(sql);
     const std::string& shape = lifted_.shape();
     if (!lifted_.isQuery()) {
-        exec(shape);
+        define(shape);
         return;
     }
     const auto make = [&] { return prepare(translate(shape, {}, tables_)); };
@@ -186,12 +186,23 @@ void Connection::removeReader(OpenReader& reader) noexcept {
     readers_.pop_back();
 }
 
+void Connection::define(const std::string& sql) {
+    startAfresh();
+    const std::unique_ptr<Statement> statement = prepare(sql);
+    const int result = statement->run();
+    if (result != SQLITE_DONE && result != SQLITE_ROW) statement->fail();
+}
+
 void Connection::exec(const std::string& script) {
+    startAfresh();
+    runScript(script.c_str());
+}
+
+void Connection::startAfresh() {
     tellReaders(~TableSet{0});
     beginBatchTransaction();
     tables_.forget();
     cache_.clear();
-    runScript(script.c_str());
 }
 
 bool Connection::tableExists(std::string_view name) {

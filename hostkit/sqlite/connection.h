@@ -80,6 +80,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
                          const char* database, const char* trigger) noexcept;
     std::unique_ptr<Statement> prepare(std::string sql);
     std::unique_ptr<Statement> prepareSelect(RecordsetType type, FieldList reads);
+    // A statement of the database's own, which defines tables or the like.
+    void define(const std::string& sql);
+    void startAfresh();
     void makeKey(RecordsetType type, FieldList reads);
     void bindLiterals(Statement& statement) const;
     TableSet tableBit(std::string_view table);

@@ -28,6 +28,7 @@ struct Item {
     std::string_view table;   // in front of a star or a column, or empty
     std::string_view column;  // of a plain column
     std::string_view alias;   // behind AS, or empty
+    std::string_view quoted;  // the same as it stands
 };
 
 // One table of a FROM.
@@ -148,6 +149,7 @@ Item Translation::parseItem(Part part) const {
     const std::size_t size = part.end - part.begin;
     if (size > 2 && tokens_[part.end - 2].is("AS") && tokens_[part.end - 1].isName()) {
         item.alias = tokens_[part.end - 1].name();
+        item.quoted = tokens_[part.end - 1].text;
         item.expression = {part.begin, part.end - 2};
         return item;
     }
@@ -223,7 +225,8 @@ void Translation::writeItem(const Select& select, std::size_t item) {
     writeExpression(select, item, 0);
     if (!column.alias.empty()) {
         write("AS");
-        write(quotedName(column.alias));
+        write(column.quoted == column.alias ? quotedName(column.alias)
+                                            : std::string(column.quoted));
     }
 }
 

@@ -30,6 +30,10 @@ constexpr bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
+constexpr bool isControl(char c) {
+    return static_cast<unsigned char>(c) < 0x20 && !isBlank(c);
+}
+
 std::size_t endOfWord(std::string_view sql, std::size_t at) {
     while (at < sql.size() && isWordCharacter(sql[at])) ++at;
     return at;
@@ -168,6 +172,7 @@ void LiftedStatement::scan(std::string_view sql) {
             at = quotedName(sql, at, c == '[' ? ']' : c);
         } else {
             if (c == literalMark) refuse("a question mark outside a text", sql);
+            if (isControl(c)) refuse("a control character outside a text", sql);
             shape_ += c;
             ++at;
         }
@@ -202,7 +207,7 @@ std::size_t LiftedStatement::number(std::string_view sql, std::size_t at) {
 std::size_t LiftedStatement::text(std::string_view sql, std::size_t at) {
     const std::size_t end = endOfQuoted(sql, at, '\'');
     if (end == std::string_view::npos) refuse("a text without an end", sql);
-    if (!lifting_ || sorting_) {
+    if (!query_) {
         shape_ += sql.substr(at, end - at);
         return end;
     }
@@ -211,7 +216,7 @@ std::size_t LiftedStatement::text(std::string_view sql, std::size_t at) {
         texts_ += sql[i];
         if (sql[i] == '\'') ++i;
     }
-    add(Cell::ofText({}), start, texts_.size() - start);
+    lift(Cell::ofText({}), start, texts_.size() - start);
     return end;
 }
 
@@ -231,10 +236,14 @@ std::size_t LiftedStatement::quotedName(std::string_view sql, std::size_t at, ch
     return end;
 }
 
-void LiftedStatement::add(const Cell& cell, std::size_t textStart, std::size_t textSize) {
+void LiftedStatement::lift(const Cell& cell, std::size_t textStart, std::size_t textSize) {
+    shape_ += literalMark;
+    literals_.push_back({cell, textStart, textSize});
+}
+
+void LiftedStatement::add(const Cell& cell) {
     if (lifting_ && !sorting_) {
-        shape_ += literalMark;
-        literals_.push_back({cell, textStart, textSize});
+        lift(cell);
     } else if (cell.storage == Cell::Storage::Whole) {
         shape_ += std::to_string(cell.whole);
     } else {
@@ -279,9 +288,6 @@ std::vector<Token> tokensOf(std::string_view shape) {
         } else if (isDigit(c) || (c == '.' && end < shape.size() && isDigit(shape[end]))) {
             token.kind = Token::Kind::Number;
             end = endOfNumber(shape, at);
-        } else if (c == '\'') {
-            token.kind = Token::Kind::Text;
-            end = endOfQuoted(shape, at, '\'');
         } else if (c == '[' || c == '"' || c == '`') {
             token.kind = Token::Kind::QuotedName;
             end = endOfQuoted(shape, at, c == '[' ? ']' : c);

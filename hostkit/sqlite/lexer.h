@@ -22,11 +22,12 @@ inline constexpr char literalMark = '?';
 // A statement taken apart. The buffers are used again by the next statement.
 class LiftedStatement {
   public:
-    // Numbers, texts in single quotes, dates between # and the words True and False are lifted.
-    // Those behind ORDER BY and GROUP BY stay: there a number is the place of a column. A statement
-    // that is no query and changes no rows, and one with more than a thousand literals, keeps all
-    // of its literals in place, written as SQLite writes them.
-    // Errors: 3075 for a literal without an end, or one that is no date.
+    // Texts in single quotes, numbers, dates between # and the words True and False are lifted.
+    // All but texts stay behind ORDER BY and GROUP BY, where a number is the place of a column, and
+    // in a statement with more than a thousand literals. A statement that is no query and changes
+    // no rows keeps its texts too. What stays is written as SQLite writes it.
+    // Errors: 3075 for a literal without an end, or one that is no date, and for a character that
+    //         no statement holds outside a text.
     void lift(std::string_view sql);
 
     const std::string& shape() const noexcept { return shape_; }
@@ -50,7 +51,8 @@ class LiftedStatement {
     std::size_t text(std::string_view sql, std::size_t at);
     std::size_t date(std::string_view sql, std::size_t at);
     std::size_t quotedName(std::string_view sql, std::size_t at, char close);
-    void add(const Cell& cell, std::size_t textStart = 0, std::size_t textSize = 0);
+    void add(const Cell& cell);
+    void lift(const Cell& cell, std::size_t textStart = 0, std::size_t textSize = 0);
 
     std::string shape_;
     std::string texts_;
@@ -62,7 +64,7 @@ class LiftedStatement {
 
 // One word, name, mark or symbol of a shape.
 struct Token {
-    enum class Kind : std::uint8_t { Word, QuotedName, Mark, Text, Number, Symbol };
+    enum class Kind : std::uint8_t { Word, QuotedName, Mark, Number, Symbol };
 
     Kind kind;
     std::string_view text;    // as it stands, quotes included

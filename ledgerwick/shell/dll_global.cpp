@@ -26,6 +26,7 @@ struct Uses {
     Use<DataAccess> DAO_ADO;
     Use<ProgramFunctions> pf;
     Use<CEmployeeList> EmployeeList;
+    bool ended = false;  // the thread is at its end, and nothing is held any more
 };
 constinit thread_local Uses uses;
 
@@ -35,13 +36,23 @@ struct Held : References {
     Held() = default;
     Held(const Held&) = delete;
     Held& operator=(const Held&) = delete;
-    ~Held() { uses = {}; }
+    ~Held() {
+        uses = {};
+        uses.ended = true;
+    }
 };
 thread_local Held held;
+
+// What a host's object finds that outlives the thread's own, as one of static duration does.
+const References& nothing() {
+    static const auto* const none = new References;
+    return *none;
+}
 
 // The object that was held goes last: its destructor finds the new one in place.
 template <class Interface>
 void hold(ObjectRef References::*reference, Use<Interface> Uses::*use, ObjectRef object) noexcept {
+    if (uses.ended) return;
     (held.*reference).swap(object);
     Object* now = (held.*reference).get();
     uses.*use = {dynamic_cast<Interface*>(now), now != nullptr};
@@ -75,7 +86,7 @@ CEmployeeList& EmployeeList() {
 }
 
 const References& references() {
-    return held;
+    return uses.ended ? nothing() : held;
 }
 
 std::int32_t currentPayrollYear() {
@@ -95,7 +106,7 @@ void holdDAO_ADO(ObjectRef object) {
     hold(&References::DAO_ADO, &Uses::DAO_ADO, std::move(object));
 }
 void holdARFuncs(ObjectRef object) {
-    held.ARFuncs.swap(object);
+    if (!uses.ended) held.ARFuncs.swap(object);
 }
 void holdPf(ObjectRef object) {
     hold(&References::pf, &Uses::pf, std::move(object));

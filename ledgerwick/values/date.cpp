@@ -164,6 +164,7 @@ Date Date::fromYmdHms(int year, int month, int day, int hour, int minute, int se
 
 std::int32_t Date::secondOfDay() const noexcept {
     const double nearest = std::nearbyint(timeOfDay() * secondsPerDay);
+    if (std::isnan(nearest)) return 0;
     return static_cast<std::int32_t>(std::min(nearest, secondsPerDay - 1.0));
 }
 

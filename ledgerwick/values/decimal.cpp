@@ -53,7 +53,7 @@ Decimal Decimal::fromPlainText(std::string_view text) noexcept {
             --result.point;
         }
     }
-    if (i < text.size()) {
+    if (i < text.size() && result.count > 0) {
         const char* first = text.data() + i + 1;
         if (*first == '+') ++first;
         int exponent = 0;

@@ -120,6 +120,39 @@ void appendUtf8(std::string& text, unsigned codePoint) {
     }
 }
 
+// A number by its form alone, with what may be left out taken out.
+std::optional<std::string> plainForm(std::string_view text) {
+    text = trim(text);
+    std::string plain;
+    const auto takeSign = [&] {
+        if (take(text, "-")) {
+            plain += '-';
+            return true;
+        }
+        return take(text, "+");
+    };
+    const bool signedInFront = takeSign();
+    if (take(text, "\u00A3") && !signedInFront) takeSign();
+    const std::size_t signLength = plain.size();
+    if (!takeWholePart(text, plain)) return std::nullopt;
+    std::size_t digitCount = plain.size() - signLength;
+    if (take(text, ".")) {
+        const auto fraction = takeDigits(text);
+        if (digitCount == 0) plain += '0';
+        if (!fraction.empty()) plain.append(".").append(fraction);
+        digitCount += fraction.size();
+    }
+    if (digitCount == 0 || !takeExponent(text, plain) || !text.empty()) return std::nullopt;
+    return plain;
+}
+
+std::optional<double> valueOf(const std::string& plain) {
+    double value = 0;
+    const auto read = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (read.ec != std::errc{}) return std::nullopt;
+    return value;
+}
+
 }  // namespace
 
 std::string_view trimLeft(std::string_view text) noexcept {
@@ -182,37 +215,14 @@ int compareIgnoringCase(std::string_view a, std::string_view b) noexcept {
 }
 
 std::optional<std::string> plainNumber(std::string_view text) {
-    text = trim(text);
-    std::string plain;
-    const auto takeSign = [&] {
-        if (take(text, "-")) {
-            plain += '-';
-            return true;
-        }
-        return take(text, "+");
-    };
-    const bool signedInFront = takeSign();
-    if (take(text, "\u00A3") && !signedInFront) takeSign();
-    const std::size_t signLength = plain.size();
-    if (!takeWholePart(text, plain)) return std::nullopt;
-    std::size_t digitCount = plain.size() - signLength;
-    if (take(text, ".")) {
-        const auto fraction = takeDigits(text);
-        if (digitCount == 0) plain += '0';
-        if (!fraction.empty()) plain.append(".").append(fraction);
-        digitCount += fraction.size();
-    }
-    if (digitCount == 0 || !takeExponent(text, plain) || !text.empty()) return std::nullopt;
+    auto plain = plainForm(text);
+    if (plain && !valueOf(*plain)) plain.reset();
     return plain;
 }
 
 std::optional<double> parseNumber(std::string_view text) {
-    const auto plain = plainNumber(text);
-    if (!plain) return std::nullopt;
-    double value = 0;
-    const auto read = std::from_chars(plain->data(), plain->data() + plain->size(), value);
-    if (read.ec != std::errc{}) return std::nullopt;
-    return value;
+    const auto plain = plainForm(text);
+    return plain ? valueOf(*plain) : std::nullopt;
 }
 
 std::string numberText(double value) {

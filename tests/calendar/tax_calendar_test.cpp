@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <string>
 #include <utility>
 
@@ -17,11 +16,6 @@ using test::raisedBy;
 using test::Told;
 
 constexpr const char* source = "the caller";
-constexpr std::array<std::int32_t, 7> payPeriods = {1, 2, 4, 13, 26, 52, -1};
-
-std::int32_t length(const DateRange& range) {
-    return range.last.dayNumber() - range.first.dayNumber() + 1;
-}
 
 struct NumbersOfDay {
     const char* reason;
@@ -79,74 +73,6 @@ TEST(TaxCalendar, DaysHaveTheirPeriods) {
         const auto period = taxPeriod(row.date, row.payPeriod, source);
         EXPECT_EQ(period.first, row.first);
         EXPECT_EQ(period.last, row.last);
-    }
-}
-
-// Every day from 6 April 1900 to 5 April 2100, with the day before it.
-template <class Check>
-void overTwoCenturies(Check check) {
-    const Date end = on(5, 4, 2100);
-    for (Date date = on(7, 4, 1900); date <= end; date = date.addDays(1)) {
-        check(date.addDays(-1), date);
-        if (testing::Test::HasFailure()) FAIL() << "first wrong on " << date.toText();
-    }
-}
-
-bool isOn(Date date, int day, int month) {
-    return date.day() == day && date.month() == month;
-}
-
-TEST(TaxCalendarSweep, TheYearChangesOnSixthOfAprilAndMonthsOnTheSixth) {
-    overTwoCenturies([](Date before, Date date) {
-        const bool newYear = isOn(date, 6, 4);
-        EXPECT_EQ(taxYearOf(date), taxYearOf(before) + (newYear ? 1 : 0));
-        EXPECT_EQ(taxMonth(date), newYear ? 1 : taxMonth(before) + (date.day() == 6 ? 1 : 0));
-    });
-}
-
-// The numbers of weeks and months are those of their periods; a reference period is one uncut.
-TEST(TaxCalendarSweep, PeriodsTileEachYearAndAreNumberedInOrder) {
-    for (const auto payPeriod : payPeriods) {
-        const bool byWeeks = payPeriod == 1 || payPeriod == 2 || payPeriod == 4;
-        overTwoCenturies([&](Date before, Date date) {
-            const auto period = taxPeriod(date, payPeriod, source);
-            const auto previous = taxPeriod(before, payPeriod, source);
-            const auto number = taxPeriodNumber(date, payPeriod, source);
-            const auto previousNumber = taxPeriodNumber(before, payPeriod, source);
-            if (period.first < date) {
-                EXPECT_EQ(previous.first, period.first);
-                EXPECT_EQ(previous.last, period.last);
-                EXPECT_EQ(number, previousNumber);
-            } else {
-                EXPECT_EQ(period.first, date);
-                EXPECT_EQ(previous.last, before);
-                EXPECT_EQ(number, isOn(date, 6, 4) ? 1 : previousNumber + 1);
-            }
-            EXPECT_LE(date, period.last);
-            const auto reference = payReferencePeriod(date, payPeriod, 0);
-            EXPECT_EQ(reference.first, period.first);
-            if (byWeeks) {
-                EXPECT_EQ(length(reference), payPeriod * 7);
-                EXPECT_TRUE(isOn(period.last, 5, 4) || period.last == reference.last);
-            } else {
-                EXPECT_EQ(period.first.day(), 6);
-                EXPECT_EQ(period.last.day(), 5);
-                EXPECT_EQ(reference.last, period.last);
-            }
-            EXPECT_TRUE(payPeriod != 1 || taxWeek(date) == number);
-            EXPECT_TRUE(payPeriod != -1 || taxMonth(date) == number);
-        });
-    }
-}
-
-TEST(TaxCalendarSweep, WeeksWithAStartDayNeverBreakOff) {
-    for (std::int16_t startDay = 1; startDay <= 7; ++startDay) {
-        overTwoCenturies([&](Date, Date date) {
-            const auto week = payReferencePeriod(date, 1, startDay);
-            EXPECT_TRUE(week.first <= date && date <= week.last);
-            EXPECT_EQ(length(week), 7);
-            EXPECT_EQ(week.first.weekday(), startDay);
-        });
     }
 }
 

@@ -12,33 +12,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-TEST(Cycle, OfOpeningClosingAndLoadingMovesTheDatesOnByOnePeriod) {
-    for (const PR_Pay_Freq frequency : {PFREQ_1Weekly, PFREQ_2Weekly, PFREQ_4Weekly, PFREQ_Monthly,
-                                        PFREQ_Quarterly, PFREQ_BiAnnual, PFREQ_Annual}) {
-        PayOffice office;
-        office.hire(7, frequency);
-        office.company.load();
-        auto& payroll = office.payroll();
-        Date pay = day(yearStart(frequency).nextPay);
-        Date epe = day(yearStart(frequency).nextEPE);
-        while (pay <= day("2017-03-31")) {
-            const auto columns = office.open(pay);
-            ASSERT_THAT(columns, SizeIs(1)) << frequency << " on " << pay.toIso();
-            payroll.C_UpdatePayPeriod(7, pay);
-            office.company.load();
-            const cEmployment& employment = office.company.current(7);
-            EXPECT_EQ(employment.LExpPayDate(), pay);
-            EXPECT_EQ(employment.LastEPEDate(), epe);
-            EXPECT_EQ(employment.LastWeekNo(), columns[0].week);
-            pay = payroll.C_Calc_Next_NExpDate(pay, frequency, PR_NExp_Pay);
-            epe = payroll.C_Calc_Next_NExpDate(epe, frequency, PR_NExp_EPE);
-            EXPECT_EQ(employment.NExpPayDate(), pay);
-            EXPECT_EQ(employment.NExpEPEDate(), epe);
-        }
-        EXPECT_THAT(office.payRows(openRows), IsEmpty());
-    }
-}
-
 TEST(Closing, TakesTheEmployeesRowsUpToTheDateAndChangesNothingElse) {
     PayOffice office;
     auto& person = office.hire(7);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string>
@@ -101,6 +102,20 @@ TEST(References, AnObjectThatGoesWithItsThreadFindsTheOthersEmpty) {
         Identify().Setpf(std::make_shared<Searching>(result));
     }).join();
     EXPECT_EQ(result, error_number::objectNotSet);
+}
+
+// A host whose link is static goes after the references of the main thread.
+TEST(References, MayBeClearedBehindTheEndOfTheirThread) {
+    const auto end = [] {
+        Identify().Setg(std::make_shared<HostState>());
+        std::atexit([] {
+            Identify().Setg(std::make_shared<HostState>());
+            Identify().Setg(nullptr);
+            std::_Exit(DLLGlobal::references().g ? 1 : 0);
+        });
+        std::exit(2);
+    };
+    EXPECT_EXIT(end(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace
