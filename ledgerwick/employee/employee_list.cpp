@@ -130,7 +130,11 @@ void CEmployeeList::RemoveEmployee(std::int32_t lNAID) {
     if (item == nullptr) return;
 
     const cEmployee& employee = **item;
-    if (employee.NAID() == lNAID) naidIndex_.erase(lNAID);
+    naidIndex_.erase(lNAID);
+    // One whose load broke off may not know its number yet.
+    if (std::erase(unfilled_, lNAID) != 0) {
+        std::erase_if(ninoIndex_, [lNAID](const auto& entry) { return entry.second == lNAID; });
+    }
     // An entry that leads to another employee stays.
     const auto removeEntry = [lNAID](auto& index, const std::string& entry) {
         const auto found = index.find(entry);
@@ -146,6 +150,7 @@ void CEmployeeList::Clear() {
     iidIndex_.clear();
     naidIndex_.clear();
     ninoIndex_.clear();
+    unfilled_.clear();
 }
 
 }  // namespace ledgerwick

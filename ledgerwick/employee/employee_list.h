@@ -13,6 +13,7 @@
 #include <unordered_map>
 #include <unordered_set>
 #include <variant>
+#include <vector>
 
 #include "ledgerwick/employee/employee.h"
 #include "ledgerwick/export.h"
@@ -48,7 +49,8 @@ class LEDGERWICK_API CEmployeeList : public Object {
     bool LoadEmployees(const ObjectRef& lblProgress = nullptr);
     // Replaces one employee from the store, at the end of the list. Always False. An employee
     // without employments is only removed.
-    // Errors: as LoadEmployees; the old object has then left the list.
+    // Errors: as LoadEmployees; the old object has then left the list, and the same call made again
+    //         loads the employee whole.
     bool ReLoadEmployee(std::int32_t lNAID);
 
     // Puts an object of the host's into the collection, in place of the one under that key. No
@@ -98,6 +100,7 @@ class LEDGERWICK_API CEmployeeList : public Object {
     std::unordered_set<std::int32_t> naidIndex_;
     std::unordered_map<std::string, std::int32_t> ninoIndex_;
     std::unordered_map<IIDKey, std::int32_t> iidIndex_;  // nothing fills it
+    std::vector<std::int32_t> unfilled_;  // whose rows a load has begun and not come to the end of
     std::shared_ptr<Label> label_;
     Date minStart_;  // the earliest employment start in the store, as of the last load
     IdentifyHolder identify_;

@@ -197,6 +197,7 @@ void CEmployeeList::LoadEmployeeRows(Recordset& rs) {
     if (rs.AbsolutePosition() == 0) minStart_ = earliestStart();
 
     const std::int32_t naid = rs.GetInt32(field::NAID);
+    unfilled_.push_back(naid);
     const auto employee = ExistsByNAID(naid) ? GetEmployeeByNAID(naid) : CreateEmployee(rs);
     std::shared_ptr<cEmployment> prev;
     for (; !rs.Eof() && isRowOf(naid, rs); rs.MoveNext()) {
@@ -210,6 +211,7 @@ void CEmployeeList::LoadEmployeeRows(Recordset& rs) {
     }
     rs.MovePrevious();
     fillEmployee(*employee, rs);
+    unfilled_.pop_back();
 }
 
 void CEmployeeList::LoadPayments(std::int32_t lNAID, std::int32_t lPayrollYear) {

@@ -81,9 +81,9 @@ TEST(Load, GoesByNAIDAndHangsPayOnTheEmploymentOfItsRowInThreeQueries) {
     company.employee(7).employment(17, 2).closed(weeks(5, 7)).open(week(8));
     company.employee(8);
     company.list();
-    const int openedBefore = counting->opened();
+    counting->failAt(Operation::Open, 0);
     CEmployeeList& list = company.load();
-    EXPECT_EQ(3, counting->opened() - openedBefore);
+    EXPECT_EQ(3, counting->count(Operation::Open));
     EXPECT_EQ(7, list.GetEmployeeByIndex(1)->NAID());
     EXPECT_EQ(9, list.GetEmployeeByIndex(3)->NAID());
     EXPECT_EQ(0, employmentOf(company, 70).LastWeekNo());

@@ -189,34 +189,5 @@ TEST(ImportedPay, LandsInTheFirstPeriodAndEarningsWhereTheyWereEarned) {
     EXPECT_TRUE(hasUnchecked);  // though employee 8, worked last, has none
 }
 
-TEST(Run, BrokenOffAtAnyWriteKeepsWhatIsStoredAndIsCompletedByARepeat) {
-    const Date payDate = day("2016-04-15");
-    const auto staff = [](PayOffice& office) {
-        office.hire(7, PFREQ_Monthly, {0, "2016-02-29", "2016-03-31", "2016-03-31"});
-        office.hire(8);
-        office.company.load();
-    };
-    const auto openAndClose = [&](PayOffice& office) {
-        office.open(payDate);
-        for (const std::int32_t naid : {7, 8}) office.payroll().C_UpdatePayPeriod(naid, payDate);
-        office.company.load();
-    };
-    PayOffice undisturbed;
-    staff(undisturbed);
-    openAndClose(undisturbed);
-    int write = 0;
-    // Each of three rows is made, then refreshed, and closed at last.
-    for (const std::size_t open : {0U, 1U, 1U, 2U, 2U, 3U, 3U, 2U, 1U}) {
-        PayOffice office;
-        staff(office);
-        office.failAtWrite(++write);
-        EXPECT_EQ(raisedBy([&] { openAndClose(office); }), error_number::databaseError);
-        EXPECT_THAT(office.payRows(openRows), SizeIs(open)) << "after write " << write;
-        office.company.load();
-        openAndClose(office);
-        EXPECT_EQ(office.payRows(), undisturbed.payRows()) << "after write " << write;
-    }
-}
-
 }  // namespace
 }  // namespace ledgerwick::test

@@ -139,19 +139,5 @@ TEST(Filler, IsPaidAtTheEndOfItsPeriodButNotAfterTheNextRow) {
                 ElementsAre("2016-04-10", "2016-04-10", "2016-05-08", "2016-05-08"));
 }
 
-TEST(Filling, BrokenOffKeepsWhatIsStoredAndIsCompletedByARepeat) {
-    for (int write = 1; write <= 3; ++write) {
-        PayOffice office;
-        addRow(addRow(office.company.employee(7), 1, 1), 1, 5);
-        office.payroll();
-        office.failAtWrite(write);
-        EXPECT_EQ(raisedBy([&] { office.payroll().AutoFillMissingPeriods(); }),
-                  error_number::databaseError);
-        EXPECT_THAT(office.payRows(fillers), SizeIs(static_cast<std::size_t>(write - 1)));
-        office.payroll().AutoFillMissingPeriods();
-        EXPECT_THAT(numbersOf(office.payRows(fillers), "PRPWeekNo"), ElementsAre(2, 3, 4));
-    }
-}
-
 }  // namespace
 }  // namespace ledgerwick::test

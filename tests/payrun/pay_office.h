@@ -58,8 +58,8 @@ class PayOffice {
     std::vector<Column> open(Date payDate, std::int32_t frequency = PFREQ_SelAll,
                              std::int32_t group = 0, std::int32_t naid = 0);
     CPayrollFunctions& payroll() { return company.payroll(); }
-    // The library's write of that number from now on fails.
-    void failAtWrite(int write) { library_->failAtWrite(write); }
+    // What the library reads and writes goes through here, and can be made to fail.
+    FailingDatabase& library() { return *library_; }
 
     // Pay rows in the order of their keys.
     std::vector<TableRow> payRows(const std::string& where = "PRPID > 0");

@@ -66,7 +66,7 @@ TEST(VisitedMark, IsWithdrawnFromTheEmployeesOpenRowsOnly) {
     EXPECT_TRUE(office.payroll().C_Reset_HasBeenVisited(7));
     EXPECT_EQ(office.payRows(), expected);
 
-    office.failAtWrite(1);
+    office.library().failAt(Operation::Execute, 1);
     EXPECT_FALSE(office.payroll().C_Reset_HasBeenVisited(8));
     EXPECT_EQ(office.payRows(), expected);
     EXPECT_THAT(office.company.messages,

@@ -1,9 +1,13 @@
-// A database that passes everything on to another one and fails at a write of the test's choice.
+// A database that passes everything on to another one, counts what goes through, and fails at an
+// operation of the test's choice.
 //
 //   FailingDatabase failing(company.database());
-//   failing.failAtWrite(3);   // two rows are stored, the third fails, later ones work again
+//   failing.failAt(Operation::Update, 3);   // two rows are stored, the third fails, later ones work
+//   failing.count(Operation::Open);         // how many sets were opened since
 #pragma once
 
+#include <array>
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -13,50 +17,102 @@
 
 namespace ledgerwick::test {
 
-// How many writes there are up to the one that fails.
-using Countdown = std::shared_ptr<int>;
+// What can fail: opening a set, going to another row, reading and writing a field, starting and
+// storing a row, running a statement.
+enum class Operation { Open, Move, Read, AddNew, Edit, Write, Update, Execute };
 
-// Errors: 3146 at the write that was chosen.
-inline void count(const Countdown& countdown) {
-    if (--*countdown == 0) raise(error_number::databaseError, "FailingDatabase");
-}
+constexpr std::array operations{
+    std::pair{Operation::Open, "Open"},     std::pair{Operation::Move, "Move"},
+    std::pair{Operation::Read, "Read"},     std::pair{Operation::AddNew, "AddNew"},
+    std::pair{Operation::Edit, "Edit"},     std::pair{Operation::Write, "Write"},
+    std::pair{Operation::Update, "Update"}, std::pair{Operation::Execute, "Execute"},
+};
+
+struct OperationCounts {
+    std::array<int, operations.size()> passed{};
+    Operation failing = Operation::Open;
+    int failure = 0;
+    std::function<void()> stored;  // called after each write
+
+    int& of(Operation kind) { return passed[static_cast<std::size_t>(kind)]; }
+    // Errors: 3146 at the operation that was chosen.
+    void pass(Operation kind) {
+        if (++of(kind) == failure && kind == failing) {
+            raise(error_number::databaseError, "FailingDatabase");
+        }
+    }
+};
 
 class FailingRecordset : public ForwardingRecordset {
+    using Base = ForwardingRecordset;
+
   public:
-    FailingRecordset(RecordsetRef real, Countdown countdown)
-        : ForwardingRecordset(std::move(real)), countdown_(std::move(countdown)) {}
+    FailingRecordset(RecordsetRef real, std::shared_ptr<OperationCounts> counts)
+        : Base(std::move(real)), counts_(std::move(counts)) {}
+
+    void MoveFirst() override { at(Operation::Move).MoveFirst(); }
+    void MoveLast() override { at(Operation::Move).MoveLast(); }
+    void MoveNext() override { at(Operation::Move).MoveNext(); }
+    void MovePrevious() override { at(Operation::Move).MovePrevious(); }
+    Variant Value(const FieldName& name) override { return at(Operation::Read).Value(name); }
+    void Value(const FieldName& name, const Variant& value) override {
+        at(Operation::Write).Value(name, value);
+    }
+    void AddNew() override { at(Operation::AddNew).AddNew(); }
+    void Edit() override { at(Operation::Edit).Edit(); }
     void Update() override {
-        count(countdown_);
-        ForwardingRecordset::Update();
+        at(Operation::Update).Update();
+        if (counts_->stored) counts_->stored();
     }
 
+    bool IsNull(const FieldName& n) override { return at(Operation::Read).IsNull(n); }
+    bool GetBoolean(const FieldName& n) override { return at(Operation::Read).GetBoolean(n); }
+    std::int16_t GetInt16(const FieldName& n) override { return at(Operation::Read).GetInt16(n); }
+    std::int32_t GetInt32(const FieldName& n) override { return at(Operation::Read).GetInt32(n); }
+    float GetSingle(const FieldName& n) override { return at(Operation::Read).GetSingle(n); }
+    double GetDouble(const FieldName& n) override { return at(Operation::Read).GetDouble(n); }
+    Currency GetCurrency(const FieldName& n) override { return at(Operation::Read).GetCurrency(n); }
+    Date GetDate(const FieldName& n) override { return at(Operation::Read).GetDate(n); }
+    std::string_view GetText(const FieldName& n) override { return at(Operation::Read).GetText(n); }
+
   private:
-    Countdown countdown_;
+    Recordset& at(Operation kind) {
+        counts_->pass(kind);
+        return real();
+    }
+
+    std::shared_ptr<OperationCounts> counts_;
 };
 
 class FailingDatabase : public ForwardingDatabase {
   public:
     using ForwardingDatabase::ForwardingDatabase;
 
-    // The write of that number from now on fails with 3146; those after it work again.
-    void failAtWrite(int write) { *countdown_ = write; }
-    // How many sets of records were opened.
-    int opened() const noexcept { return opened_; }
+    // Counts from now on; the operation of that kind and number fails with 3146, and those after it
+    // work again. Number 0 fails at none.
+    void failAt(Operation kind, int number) {
+        counts_->passed = {};
+        counts_->failing = kind;
+        counts_->failure = number;
+    }
+    int count(Operation kind) const { return counts_->of(kind); }
+    // Called after each row that is stored and each statement that is run.
+    void onStored(std::function<void()> look) { counts_->stored = std::move(look); }
 
     void Execute(std::string_view sql, std::int32_t option) override {
-        count(countdown_);
+        counts_->pass(Operation::Execute);
         ForwardingDatabase::Execute(sql, option);
+        if (counts_->stored) counts_->stored();
     }
 
   protected:
     RecordsetRef wrap(RecordsetRef set, std::string_view, RecordsetType) override {
-        ++opened_;
-        return std::make_shared<FailingRecordset>(std::move(set), countdown_);
+        counts_->pass(Operation::Open);
+        return std::make_shared<FailingRecordset>(std::move(set), counts_);
     }
 
   private:
-    int opened_ = 0;
-    Countdown countdown_ = std::make_shared<int>(0);
+    std::shared_ptr<OperationCounts> counts_ = std::make_shared<OperationCounts>();
 };
 
 }  // namespace ledgerwick::test
