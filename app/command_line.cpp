@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 
 #include <algorithm>
+#include <map>
 #include <ostream>
 
 #include "app/commands.h"
@@ -43,6 +44,21 @@ void addToday(CLI::App& app, Context& context) {
         ->type_name("DATE");
 }
 
+void addDurability(CLI::App& app, Context& context) {
+    static const std::map<std::string, sqlite::Durability> settings{
+        {"each-update", sqlite::Durability::EachUpdate},
+        {"batched", sqlite::Durability::Batched},
+        {"relaxed", sqlite::Durability::Relaxed},
+    };
+    const auto choose = [&context](const std::string& name) {
+        context.durability = settings.at(name);
+    };
+    app.add_option_function<std::string>("--durability", choose,
+                                         "What a power cut can take: each-update, batched, relaxed")
+        ->check(CLI::IsMember(settings).description(""))
+        ->type_name("NAME");
+}
+
 int runAction(const Context& context) {
     try {
         context.action();
@@ -70,6 +86,7 @@ int runCommandLine(std::vector<std::string> arguments, std::ostream& out, std::o
     app.fallthrough();
     addToday(app, context);
     addFormats(app, context);
+    addDurability(app, context);
     addCompanyCommands(app, context);
     addQueryCommands(app, context);
     addRunCommands(app, context);

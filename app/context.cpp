@@ -41,9 +41,7 @@ std::unique_ptr<HostSession> openUnloaded(const Context& context, const std::str
     settings.messages = [&err = context.err](const std::string& caption, const std::string& text) {
         err << caption << ": " << text << '\n';
     };
-    // A power cut takes no more than the operation that was running and had not reported yet.
-    const auto database =
-        sqlite::SqliteDatabase::open(path, {.durability = sqlite::Durability::Batched});
+    const auto database = sqlite::SqliteDatabase::open(path, {.durability = context.durability});
     return std::make_unique<HostSession>(database, context.today(), std::move(settings));
 }
 

@@ -38,6 +38,9 @@ struct Context {
     std::ostream& err;
     std::optional<Date> fixedToday;  // `--today`
     Format format = Format::Text;
+    // `--durability`. A power cut takes no more than the operation that was running and had not
+    // reported yet.
+    sqlite::Durability durability = sqlite::Durability::Batched;
     std::function<void()> action;  // the command chosen
     ExitCode outcome = exitDone;   // what a command has to tell beside its report
 
