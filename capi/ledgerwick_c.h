@@ -202,6 +202,18 @@ LEDGERWICK_C_API int32_t ledgerwick_table_date(ledgerwick_table* table, int64_t 
 LEDGERWICK_C_API int32_t ledgerwick_table_text(ledgerwick_table* table, int64_t row, int32_t column,
                                                const char** value, size_t* length,
                                                ledgerwick_error* error);
+// A whole row in one call. The texts stay valid until the next call with the table.
+// Errors: 9 outside the table, and for a `count` that is not the number of columns.
+typedef struct ledgerwick_cell {
+    int32_t kind;
+    int64_t integer;   // of a boolean, an integer, an amount of money and a date, else 0
+    double number;     // of a double, else 0
+    const char* text;  // of a text, else NULL
+    size_t length;     // of a text in bytes, else 0
+} ledgerwick_cell;
+LEDGERWICK_C_API int32_t ledgerwick_table_row(ledgerwick_table* table, int64_t row,
+                                              ledgerwick_cell* cells, int32_t count,
+                                              ledgerwick_error* error);
 
 // ---- rows of the database -----------------------------------------------------------------------
 // The tables are Customers, PREmployeeDetails, PREmployments, PREmploymentsAddInfo, PRPay,
@@ -359,7 +371,7 @@ LEDGERWICK_C_API int32_t ledgerwick_last_reference_period_end(ledgerwick_session
 // close. A run is for one frequency or LEDGERWICK_ALL, one group or 0, one employee or 0.
 
 // Makes sure that every period due has an open pay row. A second call finds the rows of the first.
-// Shape:  naid, name, prpid, from, to, imported (empty for none), week, period (a pay period code,
+// Shape:  naid, name, prpid, first_day, last_day, imported (empty for none), week, period (a pay period code,
 //         or minus the tax month). `unchecked` tells that some piecework has not been checked.
 // Errors: 5 for an employee without pay history, of whom every period since 1899 would fall due.
 LEDGERWICK_C_API int32_t ledgerwick_run_open(ledgerwick_session* session, ledgerwick_date pay_date,

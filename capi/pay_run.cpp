@@ -41,7 +41,7 @@ std::unique_ptr<Table> openRun(Session& session, const office::Selection& run, b
                                        &unchecked);
     const VariantArray& array = columns.array(here);
     auto table = std::make_unique<Table>(std::vector<std::string>{
-        "naid", "name", "prpid", "from", "to", "imported", "week", "period"});
+        "naid", "name", "prpid", "first_day", "last_day", "imported", "week", "period"});
     for (std::int32_t i = 1; i <= array.upperBound(2) && !array.at(1, i).isEmpty(); ++i) {
         const std::int32_t naid = array.at(1, i).toInt32();
         const Variant& imported = array.at(6, i);  // "N" for none

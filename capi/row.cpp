@@ -171,7 +171,7 @@ std::int32_t ledgerwick_row_double(ledgerwick_row* row, const char* field, doubl
                                    ledgerwick_error* error) {
     return call(error, [&] {
         const Variant read = rowIn(row).value(field);
-        give(value, read.toDouble(field));
+        give(value, doubleOf(read, field));
     });
 }
 

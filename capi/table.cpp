@@ -30,6 +30,32 @@ const char* Table::keepText(std::string text, std::size_t* length) {
     return text_.c_str();
 }
 
+void Table::fill(std::int64_t row, ledgerwick_cell* cells, std::int32_t count) {
+    if (static_cast<std::size_t>(count) != columns_.size()) {
+        raise(LEDGERWICK_OUT_OF_RANGE, here, std::to_string(count) + " cells");
+    }
+    rowTexts_.assign(columns_.size(), {});
+    for (std::int32_t column = 0; column < count; ++column) {
+        const Variant& value = cell(row, column);
+        ledgerwick_cell& out = cells[column];
+        out = {kindOf(value), 0, 0, nullptr, 0};
+        if (out.kind == LEDGERWICK_TEXT) {
+            std::string& text = rowTexts_[static_cast<std::size_t>(column)];
+            text = textOf(value);
+            out.text = text.c_str();
+            out.length = text.size();
+        } else if (out.kind == LEDGERWICK_DOUBLE) {
+            out.number = doubleOf(value, here);
+        } else if (out.kind == LEDGERWICK_MONEY) {
+            out.integer = value.toCurrency(here).ticks();
+        } else if (out.kind == LEDGERWICK_DATE) {
+            out.integer = dateOf(value, here);
+        } else if (!value.isNull()) {
+            out.integer = integerOf(value, here);
+        }
+    }
+}
+
 std::unique_ptr<Table> tableOf(ResultTable& result) {
     std::vector<std::string> names;
     for (std::int32_t i = 0; i < result.FieldCount(); ++i) names.push_back(result.Field(i).name);
@@ -68,6 +94,11 @@ std::int32_t kindOf(const Variant& value) {
 std::int64_t integerOf(const Variant& value, std::string_view what) {
     if (value.kind() == VariantKind::Boolean) return value.toBoolean() ? 1 : 0;
     return value.toInt64(what);
+}
+
+double doubleOf(const Variant& value, std::string_view what) {
+    if (value.kind() != VariantKind::Single) return value.toDouble(what);
+    return parseNumber(value.toText(what)).value_or(value.toDouble(what));
 }
 
 ledgerwick_date dateOf(const Variant& value, std::string_view what) {
@@ -134,7 +165,7 @@ std::int32_t ledgerwick_table_integer(ledgerwick_table* table, std::int64_t row,
 
 std::int32_t ledgerwick_table_double(ledgerwick_table* table, std::int64_t row, std::int32_t column,
                                      double* value, ledgerwick_error* error) {
-    return call(error, [&] { give(value, tableIn(table).cell(row, column).toDouble(here)); });
+    return call(error, [&] { give(value, doubleOf(tableIn(table).cell(row, column), here)); });
 }
 
 std::int32_t ledgerwick_table_money(ledgerwick_table* table, std::int64_t row, std::int32_t column,
@@ -155,5 +186,13 @@ std::int32_t ledgerwick_table_text(ledgerwick_table* table, std::int64_t row, st
         Table& all = tableIn(table);
         const char* const text = all.keepText(textOf(all.cell(row, column)), length);
         give(value, text);
+    });
+}
+
+std::int32_t ledgerwick_table_row(ledgerwick_table* table, std::int64_t row, ledgerwick_cell* cells,
+                                  std::int32_t count, ledgerwick_error* error) {
+    return call(error, [&] {
+        if (!cells) ledgerwick::raise(LEDGERWICK_NULL, here, "there is no place for the cells");
+        tableIn(table).fill(row, cells, count);
     });
 }

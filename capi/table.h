@@ -31,11 +31,15 @@ class Table : public Held {
     const Variant& cell(std::int64_t row, std::int32_t column) const;
     // Keeps a text for the caller until the next one.
     const char* keepText(std::string text, std::size_t* length);
+    // Fills in a row; its texts are kept until the next one.
+    // Errors: 9 outside the table, and for another number of cells than of columns.
+    void fill(std::int64_t row, ledgerwick_cell* cells, std::int32_t count);
 
   private:
     std::vector<std::string> columns_;
     std::vector<Variant> cells_;  // row by row
     std::string text_;
+    std::vector<std::string> rowTexts_;
 };
 
 // The rows of a result table of the library, with columns named as its fields.
@@ -44,6 +48,8 @@ std::unique_ptr<Table> tableOf(ResultTable& result);
 // A value as a kind of the interface, and as its texts and dates.
 std::int32_t kindOf(const Variant& value);
 std::int64_t integerOf(const Variant& value, std::string_view what);
+// A short float as the decimal that it stands for: 5.1, not 5.099999904632568.
+double doubleOf(const Variant& value, std::string_view what);
 ledgerwick_date dateOf(const Variant& value, std::string_view what);
 std::string textOf(const Variant& value);
 

@@ -1,0 +1,414 @@
+"""An open company, with a method for each call of the library."""
+
+from contextlib import contextmanager
+from ctypes import byref, sizeof
+from datetime import date
+from decimal import Decimal
+from enum import IntEnum
+from os import PathLike, fspath
+from typing import Any, Dict, Iterator, NamedTuple, Optional, Tuple, Union
+
+from ._library import LIBRARY, Options, call, text
+from .tables import Row, Table, Value, date_in, date_out, money_in, money_out, take
+
+Path = Union[str, "PathLike[str]"]
+
+
+class Frequency(IntEnum):
+    """How often an employee is paid; ALL is everybody, where there is a choice."""
+
+    ALL = -1
+    CASUAL = 0
+    WEEKLY = 1
+    FORTNIGHTLY = 2
+    FOUR_WEEKLY = 3
+    MONTHLY = 4
+    QUARTERLY = 13
+    HALF_YEARLY = 26
+    YEARLY = 52
+
+
+class Durability(IntEnum):
+    """What a power cut can take: nothing, the call that was running, the last calls."""
+
+    EACH_UPDATE = 0
+    BATCHED = 1
+    RELAXED = 2
+
+
+class Letter(IntEnum):
+    ENROLMENT = 1
+    POSTPONEMENT = 2
+    NOT_ELIGIBLE = 3
+    RE_ENROLMENT = 4
+    ENROLMENT_ATTACHMENT = 500
+
+
+class TaxDate(NamedTuple):
+    payroll_year: int
+    week: int
+    month: int
+
+
+class PayPeriod(NamedTuple):
+    first: date
+    last: date
+    number: int
+
+
+class Due(NamedTuple):
+    employees: int
+    periods: int
+
+
+def version() -> str:
+    """The version of the library: "1.0.0"."""
+    return LIBRARY.ledgerwick_version().decode()
+
+
+def create_company(path: Path, tax_year: int) -> None:
+    """Makes the database of a company that begins in the tax year from 6 April `tax_year`."""
+    call("company_create", text(fspath(path)), tax_year)
+
+
+def tax_date(day: date) -> TaxDate:
+    """The payroll year, tax week and tax month that hold a date."""
+    return TaxDate(*call("tax_date", date_out(day)))
+
+
+def pay_period(day: date, frequency: int) -> PayPeriod:
+    """The pay period that holds a date, and its number in the tax year."""
+    first, last, number = call("pay_period", date_out(day), frequency)
+    return PayPeriod(_set(first), _set(last), number)
+
+
+def _set(number: int) -> date:
+    day = date_in(number)
+    assert day is not None
+    return day
+
+
+class Session:
+    """An open company. Use it in a `with`, in the thread that opened it.
+
+    `today` is the day on which the payroll believes itself; else it is the day of the clock.
+    `program_path` is the folder that holds "AE Letter Templates".
+    """
+
+    def __init__(
+        self,
+        path: Path,
+        today: Optional[date] = None,
+        *,
+        durability: int = Durability.EACH_UPDATE,
+        busy_timeout: int = 5000,
+        read_only: bool = False,
+        program_path: Optional[Path] = None,
+        workstation: Optional[str] = None,
+        program_name: Optional[str] = None,
+    ) -> None:
+        self._handle: Optional[int] = None
+        options = Options(
+            sizeof(Options),
+            durability,
+            busy_timeout,
+            read_only,
+            None if program_path is None else text(fspath(program_path)),
+            None if workstation is None else text(workstation),
+            None if program_name is None else text(program_name),
+        )
+        day = date_out(today or date.today())
+        (self._handle,) = call("session_open", text(fspath(path)), day, byref(options))
+
+    def __enter__(self) -> "Session":
+        return self
+
+    def __exit__(self, *_: object) -> None:
+        self.close()
+
+    def close(self) -> None:
+        """Closes the company; a second time does nothing."""
+        handle, self._handle = self._handle, None
+        call("session_close", handle)
+
+    def _call(self, name: str, *arguments: Any) -> tuple:
+        return call(name, self._handle, *arguments)
+
+    def _table(self, name: str, *arguments: Any) -> Table:
+        return take(self._call(name, *arguments)[0])
+
+    # ---- company --------------------------------------------------------------------------------
+
+    def load(self) -> None:
+        """Loads every employee who has an employment, in place of what was loaded before."""
+        self._call("load")
+
+    def reload(self, naid: int) -> None:
+        """Loads one employee again."""
+        self._call("reload", naid)
+
+    def set_today(self, day: date) -> None:
+        self._call("set_today", date_out(day))
+
+    @property
+    def payroll_year(self) -> int:
+        """The current payroll year: n is the tax year from 6 April 1999 + n."""
+        return self._call("payroll_year")[0]
+
+    def parameter(self, name: str) -> str:
+        """A named setting of the company, such as "PRNExpD_M1", the rule of the monthly pay day."""
+        return self._call("get_parameter", text(name))[0]
+
+    def set_parameter(self, name: str, value: object) -> None:
+        self._call("set_parameter", text(name), text(str(value)))
+
+    # ---- rows of the database -------------------------------------------------------------------
+
+    def rows(self, table: str, naid: int = 0) -> Table:
+        """All rows of a table, or those of one employee."""
+        return self._table("rows", text(table), naid)
+
+    def insert(self, table: str, **fields: Value) -> int:
+        """Adds a row, with the table's defaults where nothing is said, and gives its key."""
+        with self._row("row_new", text(table)) as row:
+            return _store(row, fields)
+
+    def update(self, table: str, key: int, **fields: Value) -> None:
+        """Changes fields of the row with that key."""
+        with self._row("row_open", text(table), key) as row:
+            _store(row, fields)
+
+    @contextmanager
+    def _row(self, name: str, *arguments: Any) -> Iterator[int]:
+        (row,) = self._call(name, *arguments)
+        try:
+            yield row
+        finally:
+            call("row_close", row)
+
+    # ---- employees ------------------------------------------------------------------------------
+
+    def count(self) -> Tuple[int, int, int]:
+        """How many employees there are, and how many at work are regular and casual."""
+        employees, regular, casual = self._call("count")
+        return employees, regular, casual
+
+    def employees(self) -> Table:
+        """A row for each employee with the most recent employment."""
+        return self._table("employees", 0)
+
+    def employee(self, naid: int) -> Row:
+        return self._table("employees", naid)[0]
+
+    def employments(self, naid: int = 0) -> Table:
+        """A row for each employment, or each of one employee, with its running state."""
+        return self._table("employments", naid)
+
+    def add_employment(
+        self,
+        naid: int,
+        start: date,
+        *,
+        casual: bool = False,
+        continuation: bool = False,
+        ae_status: str = "",
+        first_pay: Optional[date] = None,
+        first_period_end: Optional[date] = None,
+    ) -> int:
+        """Begins an employment of one who has a row in Customers and PREmployeeDetails."""
+        return self._call(
+            "employment_add",
+            naid,
+            date_out(start),
+            casual,
+            continuation,
+            text(ae_status),
+            date_out(first_pay),
+            date_out(first_period_end),
+        )[0]
+
+    def end_employment(self, naid: int, last_day: date) -> None:
+        self._call("employment_end", naid, date_out(last_day))
+
+    def set_next_dates(
+        self, naid: int, pay: Optional[date] = None, period_end: Optional[date] = None
+    ) -> None:
+        """Moves the dates that are expected next, to skip a period."""
+        self._call("set_next_dates", naid, date_out(pay), date_out(period_end))
+
+    # ---- calendar -------------------------------------------------------------------------------
+
+    def reference_period(self, day: date, frequency: int) -> Tuple[date, date]:
+        """The pay reference period of auto-enrolment that holds a date."""
+        first, last = self._call("reference_period", date_out(day), frequency)
+        return _set(first), _set(last)
+
+    def tax_week_end(self, week: int) -> date:
+        """The last day of a tax week of the current payroll year."""
+        return _set(self._call("tax_week_end", week)[0])
+
+    def tax_month_end(self, month: int) -> date:
+        """The last day of a tax month of the current payroll year."""
+        return _set(self._call("tax_month_end", month)[0])
+
+    def next_expected(
+        self,
+        day: date,
+        frequency: int,
+        *,
+        period_end: bool = False,
+        reverse: bool = False,
+        change: bool = False,
+    ) -> date:
+        """The expected pay date, or end of period, behind a date."""
+        arguments = (date_out(day), frequency, period_end, reverse, change)
+        return _set(self._call("next_expected", *arguments)[0])
+
+    # ---- what falls due: None when there is nobody ----------------------------------------------
+
+    def next_pay_date(
+        self, frequency: int = Frequency.ALL, *, highest: bool = False, scheme: int = 0
+    ) -> Optional[date]:
+        """The earliest date on which pay next falls due, or the latest."""
+        day, none = self._call("next_pay_date", frequency, highest, scheme)
+        return None if none else date_in(day)
+
+    def last_pay_date(self, scheme: int = 0) -> Optional[date]:
+        """The latest expected pay date that has gone by."""
+        day, none = self._call("last_pay_date", scheme)
+        return None if none else date_in(day)
+
+    def next_period_end(self, frequency: int = Frequency.ALL) -> Optional[date]:
+        day, none = self._call("next_period_end", frequency)
+        return None if none else date_in(day)
+
+    def open_run_date(self) -> Optional[date]:
+        """The pay date of the oldest run that is open."""
+        day, none = self._call("open_run_date")
+        return None if none else date_in(day)
+
+    def count_due(self, day: date) -> Due:
+        """How many employees, and how many periods of theirs, fall due up to a date."""
+        return Due(*self._call("count_due", date_out(day)))
+
+    def due(self, day: date) -> Table:
+        return self._table("due", date_out(day))
+
+    def reference_period_end(self, naid: int, pay_date: date) -> date:
+        """The last day of the pay reference period behind an employee's pay date."""
+        return _set(self._call("reference_period_end", naid, date_out(pay_date))[0])
+
+    def last_reference_period_end(self) -> date:
+        """The day before the latest start of anybody's next pay reference period."""
+        return _set(self._call("last_reference_period_end")[0])
+
+    # ---- the road of a pay run ------------------------------------------------------------------
+
+    def open_run(
+        self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
+    ) -> Table:
+        """Makes sure that every period due has an open pay row, and tells one row for each."""
+        table, _ = self._call("run_open", date_out(pay_date), frequency, group, naid)
+        return take(table)
+
+    def run_rows(
+        self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
+    ) -> Table:
+        """The open rows up to a pay date."""
+        return self._table("run_rows", date_out(pay_date), frequency, group, naid)
+
+    def mark_calculated(
+        self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
+    ) -> int:
+        """Marks open rows as worked out and reported; only such rows count as paid."""
+        arguments = (date_out(pay_date), frequency, group, naid)
+        return self._call("run_mark_calculated", *arguments)[0]
+
+    def reset_visited(self, naid: int) -> None:
+        """Withdraws the visited mark from an employee's open rows."""
+        self._call("reset_visited", naid)
+
+    def close_run(
+        self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
+    ) -> Table:
+        """Closes the open rows, clears what they paid, and tells how the dates moved on."""
+        return self._table("run_close", date_out(pay_date), frequency, group, naid)
+
+    def fill_missing_periods(self) -> Table:
+        """Adds a closed empty row for each period skipped in this year."""
+        return self._table("fill_missing_periods")
+
+    def import_pay(self, naid: int, amount: Union[Decimal, int]) -> None:
+        """Puts a pay value from elsewhere in place of what was imported before."""
+        self._call("import_pay", naid, money_out(amount))
+
+    def load_imported(self) -> None:
+        """Reads imported pay and piecework into the current employments."""
+        self._call("load_imported")
+
+    def piecework(self, naid: int, first: date, last: date) -> Tuple[Table, Decimal]:
+        """The checked piecework of a period as it was loaded last, and its total."""
+        table, total = self._call("piecework", naid, date_out(first), date_out(last))
+        return take(table), money_in(total)
+
+    # ---- auto-enrolment -------------------------------------------------------------------------
+
+    def ae_status(
+        self,
+        up_to: date,
+        payroll_year: Optional[int] = None,
+        *,
+        open_rows: bool = False,
+        naid: int = 0,
+    ) -> Table:
+        """Where the regular workers stand by their closed, or open, pay rows."""
+        year = self.payroll_year if payroll_year is None else payroll_year
+        return self._table("ae_status", date_out(up_to), year, open_rows, naid)
+
+    def ae_employees(self, *, full: bool = False) -> Table:
+        """The regular workers for pick lists, or with `full` for exports."""
+        return self._table("ae_employees", full)
+
+    def ae_assessment(
+        self,
+        naid: int,
+        up_to: date,
+        payroll_year: Optional[int] = None,
+        *,
+        open_rows: bool = False,
+    ) -> Row:
+        """One worker's first, previous and current assessment."""
+        year = self.payroll_year if payroll_year is None else payroll_year
+        return self._table("ae_assessment", naid, date_out(up_to), year, open_rows)[0]
+
+    def ae_scheme_changed(self, scheme: int) -> None:
+        """Has open pay rows worked again after a change of a scheme's rates."""
+        self._call("ae_scheme_changed", scheme)
+
+    def ae_re_enrolment_changed(self, before: date, after: date) -> None:
+        """Has open pay rows worked again after a change of the re-enrolment date."""
+        self._call("ae_re_enrolment_changed", date_out(before), date_out(after))
+
+    def ae_recipients(self, letter: int) -> Table:
+        """The workers to whom a letter of the kind goes."""
+        return self._table("ae_recipients", letter)
+
+    def ae_letter(self, naid: int, letter: int) -> str:
+        """The letter to one worker, whole."""
+        return self._call("ae_letter", naid, letter)[0]
+
+
+def _store(row: int, fields: Dict[str, Value]) -> int:
+    for name, value in fields.items():
+        field = text(name)
+        if isinstance(value, (bool, int)):
+            call("row_set_integer", row, field, value)
+        elif isinstance(value, float):
+            call("row_set_double", row, field, value)
+        elif isinstance(value, Decimal):
+            call("row_set_money", row, field, money_out(value))
+        elif isinstance(value, str):
+            call("row_set_text", row, field, text(value))
+        else:  # None is a date that is not set
+            call("row_set_date", row, field, date_out(value))
+    return call("row_store", row)[0]
