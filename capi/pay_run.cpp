@@ -75,6 +75,13 @@ std::size_t markCalculated(Session& session, const office::Selection& run) {
     return count;
 }
 
+// One employee whole or not at all.
+void closeWhole(Session& session, std::int32_t naid, const std::vector<office::OpenRow>& rows,
+                Date payDate) {
+    session.database().inTransaction(
+        [&] { office::closeRows(session.host(), naid, rows, payDate); });
+}
+
 std::unique_ptr<Table> closeRun(Session& session, const office::Selection& run) {
     const auto rowsOf = office::openRowsByEmployee(session.host(), run);
     session.list().LoadImportedPay();
@@ -82,8 +89,7 @@ std::unique_ptr<Table> closeRun(Session& session, const office::Selection& run) 
         "naid", "name", "rows", "paid_to", "next_pay_before", "next_pay", "next_period_end"});
     for (const auto& [naid, rows] : rowsOf) {
         const Date before = session.employee(naid)->CurEmployment()->NExpPayDate();
-        session.database().inTransaction(
-            [&] { office::closeRows(session.host(), naid, rows, run.payDate); });
+        closeWhole(session, naid, rows, run.payDate);
         session.list().ReLoadEmployee(naid);
         const auto employee = session.employee(naid);
         const auto now = employee->CurEmployment();

@@ -58,6 +58,7 @@ void Table::fill(std::int64_t row, ledgerwick_cell* cells, std::int32_t count) {
 
 std::unique_ptr<Table> tableOf(ResultTable& result) {
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(result.FieldCount()));
     for (std::int32_t i = 0; i < result.FieldCount(); ++i) names.push_back(result.Field(i).name);
     auto table = std::make_unique<Table>(names);
     if (result.RecordCount() == 0) return table;
