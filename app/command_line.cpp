@@ -3,12 +3,16 @@
 #include <algorithm>
 #include <map>
 #include <ostream>
+#include <sstream>
+#include <string>
+#include <string_view>
 
 #include "app/commands.h"
 #include "app/context.h"
 #include "app/exchange.h"
 #include "app/options.h"
 #include "hostkit/services/terminal_label.h"
+#include "ledgerwick/values/text.h"
 
 namespace ledgerwick::app {
 
@@ -59,19 +63,31 @@ void addDurability(CLI::App& app, Context& context) {
         ->type_name("NAME");
 }
 
+// What is told of a failure, whatever stands in the words: each line without controls and cut to a
+// bearable length.
+void tell(std::ostream& err, std::string_view words) {
+    constexpr std::size_t longestLine = 1000;
+    while (!words.empty()) {
+        const std::string line = withoutControls(words.substr(0, words.find('\n')));
+        const std::string_view shown = firstCharacters(line, longestLine);
+        err << shown << (shown.size() < line.size() ? "..." : "") << '\n';
+        words.remove_prefix(std::min(words.find('\n'), words.size() - 1) + 1);
+    }
+}
+
 int runAction(const Context& context) {
     try {
         context.action();
         context.out.flush();
         return context.out.good() ? context.outcome : exitError;
     } catch (const Refusal& refusal) {
-        context.err << "ledgerwick: " << withoutControls(refusal.what()) << '\n';
+        tell(context.err, "ledgerwick: " + withoutControls(refusal.what()));
         return exitRefused;
     } catch (const BadFiles& faults) {
-        context.err << faults.what() << "\nledgerwick: nothing was imported\n";
+        tell(context.err, std::string(faults.what()) + "\nledgerwick: nothing was imported");
         return exitBadFile;
     } catch (const std::exception& error) {  // an Error says number, source and description
-        context.err << "ledgerwick: " << withoutControls(error.what()) << '\n';
+        tell(context.err, "ledgerwick: " + withoutControls(error.what()));
         return exitError;
     }
 }
@@ -97,7 +113,10 @@ int runCommandLine(std::vector<std::string> arguments, std::ostream& out, std::o
     try {
         app.parse(arguments);
     } catch (const CLI::ParseError& result) {
-        return app.exit(result, out, err) == 0 ? exitDone : exitUsage;
+        std::ostringstream words;
+        const bool isHelp = app.exit(result, out, words) == 0;
+        tell(err, words.str());
+        return isHelp ? exitDone : exitUsage;
     }
     return runAction(context);
 }

@@ -61,11 +61,17 @@ std::string withoutControls(std::string_view text) {
     std::string clean(text);
     for (std::size_t i = 0; i < clean.size(); ++i) {
         const auto c = static_cast<unsigned char>(clean[i]);
+        const auto behind = [&](std::size_t count) {
+            return i + count < clean.size() ? static_cast<unsigned char>(clean[i + count]) : 0;
+        };
         if (isControl(c)) clean[i] = ' ';
         // U+0080 to U+009F, the second block of controls, stand as C2 80 to C2 9F.
-        const bool second =
-            c == 0xC2 && i + 1 < clean.size() && static_cast<unsigned char>(clean[i + 1]) < 0xA0;
-        if (second) clean[i] = clean[i + 1] = ' ';
+        if (c == 0xC2 && behind(1) != 0 && behind(1) < 0xA0) clean.replace(i, 2, 2, ' ');
+        // U+202A to U+202E and U+2066 to U+2069 turn the direction of what stands behind them.
+        const bool turns =
+            c == 0xE2 && ((behind(1) == 0x80 && behind(2) >= 0xAA && behind(2) <= 0xAE) ||
+                          (behind(1) == 0x81 && behind(2) >= 0xA6 && behind(2) <= 0xA9));
+        if (turns) clean.replace(i, 3, 3, ' ');
     }
     return clean;
 }

@@ -33,8 +33,8 @@ class LEDGERWICK_HOSTKIT_API TerminalLabel : public Label {
     std::chrono::steady_clock::time_point next_{};
 };
 
-// The text with every control character replaced by a blank, so that a name out of a database
-// cannot steer the terminal.
+// The text with blanks for every control character and every mark that turns the direction of
+// writing, so that a name out of a database cannot steer the terminal.
 LEDGERWICK_HOSTKIT_API std::string withoutControls(std::string_view text);
 
 }  // namespace ledgerwick
