@@ -31,7 +31,9 @@ bool canBeRead(Database& database, std::string_view name) {
                            RecordsetType::Snapshot)
             ->Close();
         return true;
-    } catch (const Error&) {
+    } catch (const Error& error) {
+        // A database that fails tells nothing of its tables, and pay would be left out in silence.
+        if (error.Number() == error_number::databaseError) throw;
         return false;
     }
 }

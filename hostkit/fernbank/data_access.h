@@ -16,7 +16,8 @@ class DataAccessFunctions final : public DataAccess {
         : openDatabase_(openDatabase) {}
 
     // Whether there is a table of that name, temporary or kept. The kit's layer is asked; on
-    // another one a statement is tried, and any failure of it means that there is none.
+    // another one a statement is tried, and its failure means that there is none.
+    // Errors: 3146, which says that the database itself failed.
     bool TempTableExists(std::string_view name) override;
 
     // Fills the fields of the row in edit that would be stored as Null: a text with the empty

@@ -7,14 +7,16 @@
 #include "hostkit/sqlite/database.h"
 #include "ledgerwick/shell/host.h"
 #include "ledgerwick/shell/schema.h"
+#include "tests/support/failing_database.h"
 
 namespace ledgerwick {
 namespace {
 
 std::shared_ptr<sqlite::SqliteDatabase> openedDatabase;
+std::unique_ptr<test::FailingDatabase> layer;  // over it, while there is one
 
 Database& currentDatabase() {
-    return *openedDatabase;
+    return layer ? static_cast<Database&>(*layer) : *openedDatabase;
 }
 
 // The library file is loaded as the component does it.
@@ -24,7 +26,10 @@ class Fernbank : public testing::Test {
         openedDatabase = sqlite::SqliteDatabase::open(":memory:");
         openedDatabase->createSchema();
     }
-    ~Fernbank() override { openedDatabase.reset(); }
+    ~Fernbank() override {
+        layer.reset();
+        openedDatabase.reset();
+    }
 
     static std::unique_ptr<Object> create(const char* className) {
         void* const library = dlopen(FERNBANK_FILE, RTLD_NOW | RTLD_LOCAL);
@@ -44,6 +49,18 @@ TEST_F(Fernbank, MakesOneClassThatTellsWhetherATemporaryTableExists) {
     openedDatabase->createPayImportTable();
     EXPECT_TRUE(access.TempTableExists("PRPayImport"));
     EXPECT_FALSE(access.TempTableExists("PRPayImport] WHERE [x"));
+}
+
+// A database that failed was taken for one without the table, and imported pay was left out.
+TEST_F(Fernbank, AsksAnotherLayerByAStatementAndTakesNoFailureForAnAnswer) {
+    const auto object = create("DAO_ADO_Functions");
+    auto& access = dynamic_cast<DataAccess&>(*object);
+    layer = std::make_unique<test::FailingDatabase>(*openedDatabase);
+    EXPECT_FALSE(access.TempTableExists("PRPayImport"));
+    openedDatabase->createPayImportTable();
+    EXPECT_TRUE(access.TempTableExists("PRPayImport"));
+    layer->failAt(test::Operation::Open, 1);
+    EXPECT_THROW(access.TempTableExists("PRPayImport"), Error);
 }
 
 TEST_F(Fernbank, FillsWhatWouldBeNullAndLeavesTheRest) {
