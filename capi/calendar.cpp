@@ -86,3 +86,25 @@ std::int32_t ledgerwick_next_expected(ledgerwick_session* session, ledgerwick_da
         give(next, dateOut(found));
     });
 }
+
+std::int32_t ledgerwick_week_of_date(ledgerwick_session* session, ledgerwick_date date,
+                                     std::int32_t* week, ledgerwick_error* error) {
+    return call(error, [&] {
+        give(week, sessionIn(session).payroll().C_WeekNoOfDate(dateNeeded(date, here)));
+    });
+}
+
+std::int32_t ledgerwick_date_of_week(ledgerwick_session* session, std::int32_t week,
+                                     ledgerwick_date* date, ledgerwick_error* error) {
+    return call(error,
+                [&] { give(date, dateOut(sessionIn(session).payroll().C_DateOfWeekNo(week))); });
+}
+
+std::int32_t ledgerwick_calculation_set(ledgerwick_session* session, ledgerwick_date date,
+                                        std::int32_t* set, ledgerwick_error* error) {
+    return call(error, [&] {
+        constexpr std::int32_t byDate = -10;
+        give(set, sessionIn(session).payroll().C_CalculationsToUseOnNewRecord(
+                      byDate, dateNeeded(date, here)));
+    });
+}

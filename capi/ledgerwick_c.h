@@ -329,6 +329,18 @@ LEDGERWICK_C_API int32_t ledgerwick_next_expected(ledgerwick_session* session, l
                                                   int32_t reverse, int32_t change,
                                                   ledgerwick_date* next, ledgerwick_error* error);
 
+// The number of weeks from the last year-end to a date, to the nearest whole one and never below 0;
+// and the year-end plus so many weeks.
+// Errors: 3265 without the year-end of the year before, 9901 when it does not match the current year.
+LEDGERWICK_C_API int32_t ledgerwick_week_of_date(ledgerwick_session* session, ledgerwick_date date,
+                                                 int32_t* week, ledgerwick_error* error);
+LEDGERWICK_C_API int32_t ledgerwick_date_of_week(ledgerwick_session* session, int32_t week,
+                                                 ledgerwick_date* date, ledgerwick_error* error);
+// The number of the set of calculations that is in force on a date (PRPCalculationUsed).
+LEDGERWICK_C_API int32_t ledgerwick_calculation_set(ledgerwick_session* session,
+                                                    ledgerwick_date date, int32_t* set,
+                                                    ledgerwick_error* error);
+
 // ---- what falls due -----------------------------------------------------------------------------
 // Of the regular employees who are employed now. `none` becomes 1 when nobody was found.
 

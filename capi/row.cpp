@@ -72,8 +72,9 @@ class Row : public Held {
         row_->Value(textIn(field, here), value);
     }
     std::int64_t store() {
-        sessionIn(session_);
+        Session& session = sessionIn(session_);
         row_->Update();
+        if (table_.name == "PRYearEnds") session.host().state().ReloadYearEnds();
         if (isNew_) row_->Bookmark(row_->LastModified());
         isNew_ = false;
         row_->Edit();

@@ -59,7 +59,9 @@ void create(const std::string& path, std::int32_t taxYear) {
     if (taxYear < firstYear || taxYear > lastYear) {
         raise(LEDGERWICK_INVALID_CALL, creating, "tax year " + std::to_string(taxYear));
     }
-    if (path.empty()) raise(LEDGERWICK_INVALID_CALL, creating, "the path is empty");
+    if (path.empty() || path == ":memory:") {
+        raise(LEDGERWICK_INVALID_CALL, creating, "the path is no file's");
+    }
     if (std::filesystem::exists(path)) {
         throw Error(LEDGERWICK_FILE_EXISTS, std::string(creating), "File already exists: " + path);
     }

@@ -102,6 +102,7 @@ TEST_F(CInterface, TellsWrongArguments) {
         {91, "text is NULL", [&] { return ledgerwick_row_set_text(row_, "NASeq", nullptr, e); }},
         {58, "already", [&] { return ledgerwick_company_create(path, 2016, e); }},
         {5, "1999", [&] { return ledgerwick_company_create("no.db", 1999, e); }},
+        {5, "no file", [&] { return ledgerwick_company_create(":memory:", 2016, e); }},
         {3146, "", [&] { return ledgerwick_company_create("/no/such/folder/x.db", 2016, e); }},
         {53, "no.db", [&] { return ledgerwick_session_open("no.db", today, nullptr, &other, e); }},
         {13, "not set", [&] { return ledgerwick_session_open(path, 0, nullptr, &other, e); }},

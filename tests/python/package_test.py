@@ -135,6 +135,11 @@ class Company(unittest.TestCase):
         self.assertEqual(company.tax_week_end(1), date(2016, 4, 12))
         self.assertEqual(company.tax_month_end(12), date(2017, 4, 5))
         self.assertEqual(company.next_expected(TODAY, Frequency.MONTHLY), date(2016, 5, 31))
+        self.assertEqual(company.date_of_week(2), date(2016, 4, 19))
+        self.assertEqual(company.week_of_date(date(2016, 4, 19)), 2)
+        company.update("PRYearEnds", 16, PRYEDate=date(2016, 4, 3))
+        self.assertEqual(company.date_of_week(2), date(2016, 4, 17))
+        self.assertGreater(company.calculation_set(TODAY), 0)
         company.set_parameter("PRNExpD_M1", 25)
         self.assertEqual(company.parameter("prnexpd_m1"), "25")
         self.assertEqual(company.next_expected(TODAY, Frequency.MONTHLY, reverse=True),

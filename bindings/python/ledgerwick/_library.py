@@ -4,7 +4,7 @@ import ctypes
 import ctypes.util
 import os
 from pathlib import Path
-from typing import Any, Iterator
+from typing import Any, Iterator, Tuple
 
 _ABI = 1
 _FILE = "libledgerwick_c.so"
@@ -123,6 +123,9 @@ CALLS = {
     "tax_week_end": "hiI",
     "tax_month_end": "hiI",
     "next_expected": "hiiiiiI",
+    "week_of_date": "hiI",
+    "date_of_week": "hiI",
+    "calculation_set": "hiI",
     "next_pay_date": "hiiiII",
     "last_pay_date": "hiII",
     "next_period_end": "hiII",
@@ -203,7 +206,7 @@ def text(value: str) -> bytes:
     return value.encode("utf-8")
 
 
-def call(name: str, *arguments: Any) -> tuple:
+def call(name: str, *arguments: Any) -> Tuple[Any, ...]:
     """Calls `ledgerwick_NAME` with what goes in, and gives what comes out.
 
     Outputs stand in the order of the call; a text comes as str.

@@ -131,7 +131,7 @@ class Session:
         handle, self._handle = self._handle, None
         call("session_close", handle)
 
-    def _call(self, name: str, *arguments: Any) -> tuple:
+    def _call(self, name: str, *arguments: Any) -> Tuple[Any, ...]:
         return call(name, self._handle, *arguments)
 
     def _table(self, name: str, *arguments: Any) -> Table:
@@ -263,6 +263,18 @@ class Session:
         """The expected pay date, or end of period, behind a date."""
         arguments = (date_out(day), frequency, period_end, reverse, change)
         return _set(self._call("next_expected", *arguments)[0])
+
+    def week_of_date(self, day: date) -> int:
+        """The number of weeks from the last year-end to a date, to the nearest whole one."""
+        return self._call("week_of_date", date_out(day))[0]
+
+    def date_of_week(self, week: int) -> date:
+        """The last year-end plus so many weeks."""
+        return _set(self._call("date_of_week", week)[0])
+
+    def calculation_set(self, day: date) -> int:
+        """The number of the set of calculations that is in force on a date."""
+        return self._call("calculation_set", date_out(day))[0]
 
     # ---- what falls due: None when there is nobody ----------------------------------------------
 

@@ -1,7 +1,7 @@
 """Rows with names, as the library hands them out."""
 
 import ctypes
-from collections.abc import Mapping, Sequence
+from collections.abc import Iterable, Mapping, Sequence
 from datetime import date
 from decimal import Context, Decimal
 from typing import Any, Dict, Iterator, List, Optional, Tuple, Union, overload
@@ -45,7 +45,7 @@ def money_in(ticks: int) -> Decimal:
     return _EXACT.scaleb(Decimal(ticks), -4)
 
 
-class Row(Mapping):
+class Row(Mapping[str, Any]):
     """One row: `row.naid`, `row["naid"]` and `row[0]` are the same cell."""
 
     __slots__ = ("_places", "_values")
@@ -72,10 +72,10 @@ class Row(Mapping):
         return "Row(" + ", ".join(f"{name}={self[name]!r}" for name in self) + ")"
 
 
-class Table(Sequence):
+class Table(Sequence[Row]):
     """Rows that were read once and stay as they were."""
 
-    def __init__(self, columns: Sequence[str], rows: List[Tuple[Value, ...]]) -> None:
+    def __init__(self, columns: Iterable[str], rows: List[Tuple[Value, ...]]) -> None:
         self.columns = tuple(columns)
         self._places = {name: place for place, name in enumerate(self.columns)}
         self._rows = rows
