@@ -10,5 +10,6 @@
 #define LEDGERWICK_API __declspec(dllimport)
 #endif
 #else
+// Stands in front of a name of the library that a host may use.
 #define LEDGERWICK_API __attribute__((visibility("default")))
 #endif

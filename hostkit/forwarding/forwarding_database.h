@@ -25,6 +25,7 @@ namespace ledgerwick {
 // Passes every operation on to the set it was made of, which it keeps alive.
 class ForwardingRecordset : public Recordset {
   public:
+    // Keeps `real` alive.
     explicit ForwardingRecordset(RecordsetRef real) : real_(std::move(real)) {}
 
     std::int32_t RecordCount() override { return real_->RecordCount(); }
@@ -55,6 +56,7 @@ class ForwardingRecordset : public Recordset {
     std::string_view GetText(const FieldName& name) override { return real_->GetText(name); }
 
   protected:
+    // The set that operations are passed on to.
     Recordset& real() noexcept { return *real_; }
 
   private:
@@ -64,6 +66,7 @@ class ForwardingRecordset : public Recordset {
 // Passes every operation on to `real`, which must outlive it.
 class ForwardingDatabase : public Database {
   public:
+    // `real` must outlive this object.
     explicit ForwardingDatabase(Database& real) noexcept : real_(real) {}
 
     RecordsetRef OpenRecordset(std::string_view sql, RecordsetType type,
@@ -83,6 +86,7 @@ class ForwardingDatabase : public Database {
                               RecordsetType /*type*/) {
         return opened;
     }
+    // The database that operations are passed on to.
     Database& real() noexcept { return real_; }
 
   private:

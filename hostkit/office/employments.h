@@ -10,15 +10,16 @@
 
 namespace ledgerwick::office {
 
+// An employment to be written, with what its first pay row is to start from.
 struct NewEmployment {
-    std::int32_t naid = 0;
-    Date start;
-    bool casual = false;
+    std::int32_t naid = 0;      // the employee
+    Date start;                 // first day
+    bool casual = false;        // paid from time to time only
     bool continuation = false;  // for auto-enrolment it carries on the employment before
-    std::string aeStatus;
-    Date firstPay;        // else the next pay date of those paid as often
-    Date firstPeriodEnd;  // likewise
-    Variant addInfo;      // as `PR_EmploymentsAddInfo_Add` takes it; Empty for none
+    std::string aeStatus;       // auto-enrolment status at the start
+    Date firstPay;              // else the next pay date of those paid as often
+    Date firstPeriodEnd;        // likewise
+    Variant addInfo;            // as `PR_EmploymentsAddInfo_Add` takes it; Empty for none
 };
 
 // Whether the employee has an employment of this year that has not ended.

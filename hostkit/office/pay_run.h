@@ -20,14 +20,15 @@ namespace ledgerwick::office {
 
 // Which employees a run is for.
 struct Selection {
-    Date payDate;
-    PR_Pay_Freq frequency = PFREQ_SelAll;
-    std::int32_t group = 0;  // 0: all
-    std::int32_t naid = 0;   // 0: all
+    Date payDate;                          // rows up to this pay date
+    PR_Pay_Freq frequency = PFREQ_SelAll;  // one frequency, or all
+    std::int32_t group = 0;                // 0: all
+    std::int32_t naid = 0;                 // 0: all
 };
 
 // Whether an employee is employed now and not casual.
 LEDGERWICK_HOSTKIT_API bool isRegular(const cEmployee& employee);
+// Whether the run is for this employee, by frequency, group and number.
 LEDGERWICK_HOSTKIT_API bool isSelected(const cEmployee& employee, const Selection& selection);
 
 // How many pay periods of the employee fall due up to the date.
@@ -42,22 +43,24 @@ LEDGERWICK_HOSTKIT_API std::shared_ptr<cEmployee> withoutHistory(HostSession& se
 
 // An open row as a pay office looks at it.
 struct OpenRow {
-    std::int32_t prpid;
-    std::int32_t naid;
-    std::int16_t week;
-    std::int32_t period;
-    Date payDate;
-    Date periodEnd;
-    Currency pay;
-    bool visited;
-    double status;
+    std::int32_t prpid;   // key of the row
+    std::int32_t naid;    // the employee
+    std::int16_t week;    // tax week
+    std::int32_t period;  // pay period code, or minus the tax month
+    Date payDate;         // when it is paid
+    Date periodEnd;       // last day of the pay period
+    Currency pay;         // pay of the period
+    bool visited;         // the user has looked at the row
+    double status;        // what the calculation left as its state
 };
 
 // The open rows of the run with a pay date up to its own, in the order of the library.
 // Errors: 91 for a row whose employee is not in the list.
 LEDGERWICK_HOSTKIT_API std::vector<OpenRow> openRows(HostSession& session,
                                                      const Selection& selection);
+// The open rows of a run, by the number of their employee.
 using RowsByEmployee = std::map<std::int32_t, std::vector<OpenRow>>;
+// As `openRows`, by employee.
 LEDGERWICK_HOSTKIT_API RowsByEmployee openRowsByEmployee(HostSession& session,
                                                          const Selection& selection);
 

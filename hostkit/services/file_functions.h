@@ -10,8 +10,10 @@
 
 namespace ledgerwick {
 
+// The file functions of a host whose letter templates lie below one folder.
 class LEDGERWICK_HOSTKIT_API KitFileFunctions : public FileFunctions {
   public:
+    // Looks below `programPath`, a folder without a separator at its end.
     explicit KitFileFunctions(std::string programPath);
 
     // Makes the folder of that name under the program's folder, when it is not there and the
@@ -23,8 +25,10 @@ class LEDGERWICK_HOSTKIT_API KitFileFunctions : public FileFunctions {
     std::string programPath_;
 };
 
+// The program of a host, which is a folder to the library.
 class LEDGERWICK_HOSTKIT_API KitApp : public HostApp {
   public:
+    // `programPath` is a folder without a separator at its end.
     explicit KitApp(std::string programPath);
     std::string Path() override { return programPath_; }
 
@@ -35,8 +39,9 @@ class LEDGERWICK_HOSTKIT_API KitApp : public HostApp {
 // The global object, whose `App` is the one object that the library asks it for.
 class LEDGERWICK_HOSTKIT_API KitGlobal : public HostGlobal {
   public:
+    // An `App` with that program folder.
     explicit KitGlobal(std::string programPath);
-    HostApp& App() override { return app_; }
+    HostApp& App() override { return app_; }  // the object made at construction
 
   private:
     KitApp app_;

@@ -36,12 +36,14 @@ class LEDGERWICK_HOSTKIT_API HostSession {
 
     // Links the library to this session again after another one was in force on this thread.
     void putInForce();
+    // Whether the library on this thread is linked to this session.
     bool isInForce() const;
 
-    CEmployeeList& list() noexcept { return *list_; }
-    CPayrollFunctions& payroll() noexcept { return *payroll_; }
-    Database& database() noexcept { return *database_; }
-    KitHostState& state() noexcept { return *state_; }
+    CEmployeeList& list() noexcept { return *list_; }  // the employees, empty until `LoadEmployees`
+    CPayrollFunctions& payroll() noexcept { return *payroll_; }  // the functions, on that list
+    Database& database() noexcept { return *database_; }         // the database given or opened
+    KitHostState& state() noexcept { return *state_; }           // what the library reads as `g`
+    // The company's system parameters.
     KitParameters& parameters() noexcept { return *parameters_; }
 
   private:

@@ -42,17 +42,19 @@ class LEDGERWICK_HOSTKIT_API KitHostState : public HostState {
     Recordset& g_rsPRControl() override { return *control_; }
     const Dictionary<std::int32_t, Date>& g_dicPRYears() override { return yearEnds_; }
     Date g_dtmToday() override { return today_; }
-    void g_dtmToday(Date today) { today_ = today; }
+    void g_dtmToday(Date today) { today_ = today; }  // moves on to another day
     std::int16_t g_iAEPRPStartDay() override;
     std::string g_strPCID() override { return settings_.pcId; }
     std::string g_strProgName() override { return settings_.programName; }
     std::string strCurFormat() override;
     bool g_blnPRSchUp() override { return prSchUp_; }
     void g_blnPRSchUp(bool value) override { prSchUp_ = value; }
+    // Those of the settings.
     CustomerFunctions& C_customerFunctions() override { return *settings_.customerFunctions; }
 
     void ShowCriticalMessage(const std::string& caption, const std::string& text) override;
 
+    // Reads the year-ends again, after a change of the table.
     void ReloadYearEnds();
 
   private:

@@ -19,6 +19,7 @@ namespace ledgerwick {
 // regard to case. Another process' change is seen after `Reload`.
 class LEDGERWICK_HOSTKIT_API KitParameters {
   public:
+    // Reads every parameter of the company.
     explicit KitParameters(std::shared_ptr<Database> database);
 
     // The value of a parameter.
@@ -27,11 +28,13 @@ class LEDGERWICK_HOSTKIT_API KitParameters {
     Variant Get(std::string_view name) const;
     // The value of a parameter, or `otherwise` when the company does not have it.
     Variant Get(std::string_view name, const Variant& otherwise) const;
+    // Whether the company has a parameter of that name.
     bool Has(std::string_view name) const;
 
     // Stores the value in the table and in memory.
     void Set(std::string_view name, const Variant& value);
 
+    // Reads every parameter again.
     void Reload();
 
   private:

@@ -13,8 +13,10 @@
 
 namespace ledgerwick {
 
+// The program functions as the library expects them, with the parameters of the company.
 class LEDGERWICK_HOSTKIT_API KitProgramFunctions : public ProgramFunctions {
   public:
+    // `GetParameterField` asks `parameters`.
     explicit KitProgramFunctions(std::shared_ptr<const KitParameters> parameters);
 
     // "4/29/2016", month first; with a time of day "4/29/2016 13:05:00".

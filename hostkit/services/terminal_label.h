@@ -16,9 +16,11 @@ namespace ledgerwick {
 // so that showing a load does not slow it down.
 class LEDGERWICK_HOSTKIT_API TerminalLabel : public Label {
   public:
+    // Writes to `stream`, which must outlive it.
     explicit TerminalLabel(std::FILE* stream = stderr);
     ~TerminalLabel() override;
 
+    // Shows the line in place of the one before, unless that came just now.
     void Caption(std::string_view caption) override;
     // A program on a terminal has no event loop.
     void DoEvents() override {}

@@ -27,10 +27,11 @@ enum class Durability : std::uint8_t {
     Relaxed,     // the last operations before the cut; the file stays whole
 };
 
+// How a file is opened.
 struct OpenOptions {
-    Durability durability = Durability::EachUpdate;
-    std::chrono::milliseconds busyTimeout{5000};  // how long a write waits for another process
-    bool readOnly = false;
+    Durability durability = Durability::EachUpdate;  // what a power cut may take
+    std::chrono::milliseconds busyTimeout{5000};     // how long a write waits for another process
+    bool readOnly = false;                           // nothing is written to the file
 };
 
 // An open file. For one thread; another thread opens its own. Recordsets keep the file open.
@@ -44,13 +45,14 @@ class LEDGERWICK_HOSTKIT_API SqliteDatabase final : public Database {
                                                 const OpenOptions& options = {});
     ~SqliteDatabase() override;
 
-    const std::string& path() const noexcept;
+    const std::string& path() const noexcept;  // the file's name as it was given
 
     // Lays down the tables of schema.sql and their indexes, where they are missing.
     void createSchema();
     // Lays down an empty `PRPayImport`: for this connection alone, or kept in the file so that a
     // later process finds it. `dropPayImportTable` removes either.
     void createPayImportTable(bool kept = false);
+    // Removes `PRPayImport`; nothing when there is none.
     void dropPayImportTable();
     // Lays down an empty `TEMP_PR_LAST_WEEK_NOS` of this workstation, for this connection alone.
     void createLastWeekNosTable(std::string_view pcId);
@@ -79,6 +81,7 @@ class LEDGERWICK_HOSTKIT_API SqliteDatabase final : public Database {
     std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql) override;
     // With `Durability::EachUpdate` a batch is nothing: each row is stored on its own.
     void BeginBatch() override;
+    // Stores what the batch wrote.
     void EndBatch() override;
 
     // For the layer's own use.

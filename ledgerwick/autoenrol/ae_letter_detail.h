@@ -72,15 +72,15 @@ class LEDGERWICK_API CAELetterDetail : public Object {
     void PayDateFull(Date value);  // %PayDateFull%, " 29 April 2016"
     Date PayDateFull() const noexcept { return payDateFull_; }
 
-    void LetterDate(Date value) noexcept { letterDate_ = value; }
     // The date of the letter; the host's today while it is not set.
-    // Errors: 91 when it is not set and there is no host state.
+    // Errors: 91 on reading when it is not set and there is no host state.
+    void LetterDate(Date value) noexcept { letterDate_ = value; }
     Date LetterDate() const;
 
     void AEPostponementEndDate(Date value);  // %AEPostponementEndDate%, " 29 April 2016"
     Date AEPostponementEndDate() const noexcept { return aePostponementEndDate_; }
 
-    Property<std::int32_t> PenWorkplaceSchemeID;
+    Property<std::int32_t> PenWorkplaceSchemeID;  // the scheme of the letter
     // The payroll year number that decides the template's year block.
     Property<std::int16_t> PayrollYear;
 
@@ -90,11 +90,11 @@ class LEDGERWICK_API CAELetterDetail : public Object {
     void SignatureFile(std::string value) { signatureFile_ = std::move(value); }
     std::string SignatureFile() const;
 
-    Property<PR_AE_LETTER_TYPES> LetterType;
-    Property<std::string> EmployeeName;
-    Property<std::string> EmployeeNINO;
-    Property<Date> EmployeeDoB;
-    Property<std::string> EmployerSchemeName;
+    Property<PR_AE_LETTER_TYPES> LetterType;   // which kind of letter
+    Property<std::string> EmployeeName;        // for the head of the letter
+    Property<std::string> EmployeeNINO;        // National Insurance number
+    Property<Date> EmployeeDoB;                // date of birth
+    Property<std::string> EmployerSchemeName;  // for the heading
 
     // ---- texts ----------------------------------------------------------------------------------
 

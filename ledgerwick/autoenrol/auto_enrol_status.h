@@ -36,13 +36,13 @@ class LEDGERWICK_API CAutoEnrolStatus : public Object {
     Property<Date>         PrevAssessDate;         // the current date before that
     Property<std::string>  FirstAssessCategory;    // "First Cat" once a pay record counts
     Property<Date>         FirstAssessDate;        // pay date of the first pay record that counts
-    Property<Date>         EnrolledDate;           // for the host to fill, like the next three
-    Property<Date>         OptOutDate;
-    Property<Date>         OptInDate;
-    Property<Date>         JoinedDate;
-    Property<Currency>     PeriodPay;              // this and the rest: of the last record that counts
-    Property<Currency>     StdHourlyRate;
-    Property<std::string>  StaffNo;
+    Property<Date>         EnrolledDate;           // day of enrolment, for the host to fill, like the next three
+    Property<Date>         OptOutDate;  // day of opting out
+    Property<Date>         OptInDate;  // day of opting in
+    Property<Date>         JoinedDate;  // day of joining the scheme
+    Property<Currency>     PeriodPay;              // pay of the period; this and the rest are of the last record that counts
+    Property<Currency>     StdHourlyRate;  // standard hourly rate
+    Property<std::string>  StaffNo;  // works number
     Property<std::int16_t> PayFrequency;           // a PR_Pay_Freq value
     Property<std::int32_t> PenWorkplaceSchemeID;   // 0 for no scheme
     // clang-format on

@@ -33,9 +33,9 @@ enum class LetterValue : std::uint8_t {
 
 // How a value stands in a template, and the picture by which it is written there; texts have none.
 struct LetterPlaceholder {
-    LetterValue value;
-    std::string_view text;
-    std::string_view picture;
+    LetterValue value;         // what is printed
+    std::string_view text;     // as it stands in a template, "%Forename%"
+    std::string_view picture;  // how it is written; empty for a text
 };
 
 // Every placeholder that there is, in the order of `LetterValue`. Case counts in templates.
@@ -56,6 +56,7 @@ inline constexpr std::array letterPlaceholders{
                       " dd mmmm yyyy"},
 };
 
+// The placeholder of a value.
 constexpr const LetterPlaceholder& placeholderOf(LetterValue value) noexcept {
     return letterPlaceholders[static_cast<std::size_t>(value)];
 }

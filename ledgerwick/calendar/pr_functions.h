@@ -19,9 +19,10 @@ LEDGERWICK_API std::int16_t PR_Convert_PayFreq_to_PayPeriod(PR_Pay_Freq iFreq);
 //         52 and the negatives.
 LEDGERWICK_API PR_Pay_Freq PR_Convert_PayPeriod_to_PayFreq(std::int16_t iPeriod);
 
-// Writes a look-ahead date of the pay row `lPRPID`, and tells whether that was done.
+// Writes the next expected pay date of the pay row `lPRPID`, and tells whether that was done.
 // Errors: none; a failure is shown through the host's critical message, and the result is False.
 LEDGERWICK_API bool PR_SetNExpPayDate(std::int32_t lPRPID, Date dtNExpPayDate);
+// The same for the next expected end of a pay period.
 LEDGERWICK_API bool PR_SetNExpEPEDate(std::int32_t lPRPID, Date dtNExpEPEDate);
 
 }  // namespace ledgerwick

@@ -24,8 +24,8 @@ namespace ledgerwick::calendar {
 
 // The first and the last day of a period.
 struct DateRange {
-    Date first;
-    Date last;
+    Date first;  // first day
+    Date last;   // last day
 };
 
 // Payroll year 16 is the tax year that begins on 6 April 2015.
@@ -53,6 +53,7 @@ LEDGERWICK_API DateRange taxPeriod(Date date, std::int32_t payPeriod, std::strin
 // Shape:  months outside 1 to 12 fall in the years around; no week ends later than the year's 5
 //         April, and weeks below 1 fall in the years before.
 LEDGERWICK_API Date taxMonthEnd(int taxYear, std::int32_t month);
+// The same for a tax week.
 LEDGERWICK_API Date taxWeekEnd(int taxYear, std::int32_t week);
 
 // The pay reference period of auto-enrolment that holds the date. It runs its full length across 5

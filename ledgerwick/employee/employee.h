@@ -45,11 +45,15 @@ class LEDGERWICK_API cEmployee : public Object {
     // The employment in force.
     // Shape:  never empty: without one in force it is a blank record, the same at every read.
     std::shared_ptr<cEmployment> CurEmployment();
-    // The latest employment that is not void, and the one before it.
+    // The latest employment that is not void.
     // Shape:  an empty reference when there is none; `*bNotKnown` is then set, and else left alone.
     std::shared_ptr<cEmployment> MostRecentEmployment(bool* bNotKnown = nullptr);
+    // Its key, 0 when there is none.
     std::int32_t MostRecentEmploymentPRTID() const noexcept { return mostRecentPRTID_; }
+    // The employment before the most recent one.
+    // Shape:  as `MostRecentEmployment`.
     std::shared_ptr<cEmployment> PreviousEmployment(bool* bNotKnown = nullptr);
+    // Its key, 0 when there is none.
     std::int32_t PreviousEmploymentPRTID() const noexcept { return previousPRTID_; }
 
     // Adds an employment from the current row, at the end.
@@ -75,10 +79,11 @@ class LEDGERWICK_API cEmployee : public Object {
     // An identifier that the host may set; not loaded.
     std::string IID() const { return texts_.get(Text::IID); }
     void IID(std::string_view value) { texts_.set(Text::IID, value); }
+    // A further number of the person, taken out of the name by the host.
     std::int32_t           OtherID() const noexcept { return otherID_; }
     void                   OtherID(std::int32_t value) noexcept { otherID_ = value; }
     Property<std::int32_t> NAID;             // the identity of the employee everywhere
-    std::string BusName() const { return texts_.get(Text::BusName); }
+    std::string BusName() const { return texts_.get(Text::BusName); }  // the name as one text
     // clang-format on
 
     // Stores the name and has the host split it into the parts and `OtherID`.
@@ -90,29 +95,30 @@ class LEDGERWICK_API cEmployee : public Object {
     void SortSeq(std::string_view value) { texts_.set(Text::SortSeq, value); }
     // clang-format on
 
-    // "Mr John Paul Smith" and "Mr John Smith"; a missing part leaves no double space.
+    // "Mr John Paul Smith"; a missing part leaves no double space.
     std::string Name() const;
+    // "Mr John Smith", likewise.
     std::string ShortName() const;
 
     // clang-format off
-    std::string NINO() const { return texts_.get(Text::NINO); }
+    std::string NINO() const { return texts_.get(Text::NINO); }  // National Insurance number
     void NINO(std::string_view value) { texts_.set(Text::NINO, trim(value)); }
     Property<bool>         HourlyPaid;                        // paid by the hour
     Property<bool>         NINODuplicated;                    // another employee has the number
     Property<bool>         IIDDuplicated;                     // another employee has the IID
-    std::string Forename1() const { return texts_.get(Text::Forename1); }
-    std::string Title() const { return texts_.get(Text::Title); }
-    std::string Forename2() const { return texts_.get(Text::Forename2); }
-    std::string OtherForenames() const { return texts_.get(Text::OtherForenames); }
-    std::string Surname() const { return texts_.get(Text::Surname); }
+    std::string Forename1() const { return texts_.get(Text::Forename1); }  // first forename, as the host split the name
+    std::string Title() const { return texts_.get(Text::Title); }  // "Mr", as the host split the name
+    std::string Forename2() const { return texts_.get(Text::Forename2); }  // second forename, as the host split the name
+    std::string OtherForenames() const { return texts_.get(Text::OtherForenames); }  // all further forenames
+    std::string Surname() const { return texts_.get(Text::Surname); }  // family name, as the host split the name
     std::string            Forenames() const;                 // a missing one leaves its blank
-    std::string Sex() const { return texts_.get(Text::Sex); }
+    std::string Sex() const { return texts_.get(Text::Sex); }  // as stored
     void Sex(std::string_view value) { texts_.set(Text::Sex, value); }
-    std::string Add1() const { return texts_.get(Text::Add1); }
+    std::string Add1() const { return texts_.get(Text::Add1); }  // first line of the address
     void Add1(std::string_view value) { texts_.set(Text::Add1, trim(value)); }
-    std::string Add2() const { return texts_.get(Text::Add2); }
+    std::string Add2() const { return texts_.get(Text::Add2); }  // second line of the address
     void Add2(std::string_view value) { texts_.set(Text::Add2, trim(value)); }
-    std::string PostCode() const { return texts_.get(Text::PostCode); }
+    std::string PostCode() const { return texts_.get(Text::PostCode); }  // post code
     void PostCode(std::string_view value) { texts_.set(Text::PostCode, trim(value)); }
     // clang-format on
 
@@ -123,25 +129,25 @@ class LEDGERWICK_API cEmployee : public Object {
     Variant Address(std::int32_t lPieces);
 
     // clang-format off
-    std::string Email() const { return texts_.get(Text::Email); }
+    std::string Email() const { return texts_.get(Text::Email); }  // e-mail address
     void Email(std::string_view value) { texts_.set(Text::Email, value); }
-    // The telephone numbers are set by the host; not loaded.
+    // The telephone number at home, set by the host; not loaded, like the next two.
     std::string Phone_Home() const { return texts_.get(Text::Phone_Home); }
     void Phone_Home(std::string_view value) { texts_.set(Text::Phone_Home, value); }
-    std::string Phone_Mobile() const { return texts_.get(Text::Phone_Mobile); }
+    std::string Phone_Mobile() const { return texts_.get(Text::Phone_Mobile); }  // mobile telephone
     void Phone_Mobile(std::string_view value) { texts_.set(Text::Phone_Mobile, value); }
-    std::string Phone_Work() const { return texts_.get(Text::Phone_Work); }
+    std::string Phone_Work() const { return texts_.get(Text::Phone_Work); }  // telephone at work
     void Phone_Work(std::string_view value) { texts_.set(Text::Phone_Work, value); }
     Property<Date>         DOB;                   // date of birth
-    std::string Village() const { return texts_.get(Text::Village); }
+    std::string Village() const { return texts_.get(Text::Village); }  // village of the address
     void Village(std::string_view value) { texts_.set(Text::Village, trim(value)); }
-    std::string Town() const { return texts_.get(Text::Town); }
+    std::string Town() const { return texts_.get(Text::Town); }  // post town
     void Town(std::string_view value) { texts_.set(Text::Town, trim(value)); }
-    std::string County() const { return texts_.get(Text::County); }
+    std::string County() const { return texts_.get(Text::County); }  // county
     void County(std::string_view value) { texts_.set(Text::County, trim(value)); }
-    std::string Country() const { return texts_.get(Text::Country); }
+    std::string Country() const { return texts_.get(Text::Country); }  // country
     void Country(std::string_view value) { texts_.set(Text::Country, trim(value)); }
-    Property<Date>         AEOptInDate;           // auto-enrolment dates, the zero date for none
+    Property<Date>         AEOptInDate;           // the day of opting in to the scheme, the zero date for none
     // clang-format on
 
     // The opt-out date, or the zero date when it lies before the latest employment began.
@@ -150,25 +156,25 @@ class LEDGERWICK_API cEmployee : public Object {
     void AEOptOutDate(Date value) noexcept { aeOptOutDate_ = value; }
 
     // clang-format off
-    Property<Date>         AEJoinedDate;
-    Property<Date>         AEPostponementDate;
+    Property<Date>         AEJoinedDate;  // the day of joining the scheme
+    Property<Date>         AEPostponementDate;  // the day until which enrolment is put off
     Property<bool>         Casual;                      // the current employment is casual
     Property<std::int16_t> PayFrequency;                // a PR_Pay_Freq value
     std::string Seq() const { return texts_.get(Text::Seq); }  // the short code of the name
     void Seq(std::string_view value) { texts_.set(Text::Seq, value); }
-    Property<bool>         Director;
+    Property<bool>         Director;  // is a director of the company
     std::string NITable() const { return texts_.get(Text::NITable); }  // table letter
     void NITable(std::string_view value) { texts_.set(Text::NITable, value); }
-    std::string TaxCode() const { return texts_.get(Text::TaxCode); }
+    std::string TaxCode() const { return texts_.get(Text::TaxCode); }  // tax code
     void TaxCode(std::string_view value) { texts_.set(Text::TaxCode, value); }
     Property<std::int32_t> PenWorkplaceSchemeID;        // workplace scheme, 0 for none
     Property<bool>         PenWorkplaceUseSchemeRates;  // the default rates of the scheme apply
-    Property<float>        PenWorkplaceEEDeductPC;      // employee's and employer's percentages
-    Property<float>        PenWorkplaceERDeductPC;
-    Property<Currency>     PenWorkplaceEEDeductFlat;    // and their flat amounts
-    Property<Currency>     PenWorkplaceERDeductFlat;
-    Property<Currency>     HourlyRate;                  // standard rates
-    Property<Currency>     PeriodRate;
+    Property<float>        PenWorkplaceEEDeductPC;      // percentage of the employee
+    Property<float>        PenWorkplaceERDeductPC;  // percentage of the employer
+    Property<Currency>     PenWorkplaceEEDeductFlat;    // flat amount of the employee
+    Property<Currency>     PenWorkplaceERDeductFlat;  // flat amount of the employer
+    Property<Currency>     HourlyRate;                  // standard rate by the hour
+    Property<Currency>     PeriodRate;  // standard rate by the period
     // clang-format on
 
     // autoenrol/assessment.cpp:

@@ -63,13 +63,19 @@ class LEDGERWICK_API CEmployeeList : public Object {
 
     // Shape:  a text is a key, a number a position from 1.
     std::shared_ptr<cEmployee> GetEmployeeByIndex(const Variant& Index);
+    // The employee of that number, or an empty reference.
     std::shared_ptr<cEmployee> GetEmployeeByNAID(std::int32_t NAID);
     // Shape:  the number exactly as the store holds it. Of employees that share it, the first.
     std::shared_ptr<cEmployee> GetEmployeeByNINO(const std::string& NINO);
+    // The number of employees.
     std::int32_t EmployeeCount() const noexcept { return employees_.Count(); }
+    // Whether there is an employee of that key or position.
     bool ExistsByIndex(const Variant& Index);
+    // Whether there is an employee of that host identifier.
     bool ExistsByIID(const Variant& IID);
+    // Whether there is an employee of that number.
     bool ExistsByNAID(std::int32_t NAID);
+    // Whether there is an employee of that National Insurance number.
     bool ExistsByNINO(const std::string& NINO);
     // Empties the list. The label stays.
     void Clear();

@@ -21,11 +21,13 @@ namespace ledgerwick {
 template <class Name>
 class PackedTexts {
   public:
+    // A copy of the text of that name.
     std::string get(Name name) const {
         const std::size_t begin = beginOf(name);
         return {bytes_.data() + begin, ends_[indexOf(name)] - begin};
     }
 
+    // Replaces the text of that name; references to others do not last.
     void set(Name name, std::string_view text) {
         const std::size_t begin = beginOf(name);
         const std::size_t length = ends_[indexOf(name)] - begin;

@@ -33,8 +33,9 @@
 
 namespace ledgerwick {
 
-// The store of payments by key, and of one year's payments by whole number.
+// The store of payments by key.
 using PaymentsByKey = Dictionary<std::string, std::shared_ptr<CPayment>>;
+// The store of one year's payments by whole number.
 using PaymentsOfYear = Dictionary<std::int32_t, std::shared_ptr<CPayment>>;
 
 // Owned by its employee, whom it finds again by NAID through the module-level EmployeeList. A new
@@ -109,21 +110,28 @@ class LEDGERWICK_API cEmployment : public Object {
     Date NExpPayDate() const noexcept { return nExpPayDate_; }
     void NExpPayDate(Date dtNExpPayDate);
 
-    // The pay reference periods that hold the next and the last expected pay date, as `CalcExpPRP`
-    // left them, and single days of them.
+    // The pay reference period that holds the next expected pay date, as `CalcExpPRP` left it.
     // Shape:  a copy of an array (1 To 2) of first and last day; Empty before the first
     //         calculation.
-    // Errors: the single days fail with 13 before the first calculation.
     Variant NExpPRP() const;
+    // The first day of that period.
+    // Errors: 13 before the first calculation.
     Variant NExpPRPStart() const;
+    // The pay reference period that holds the last expected pay date.
+    // Shape:  as `NExpPRP`.
     Variant LExpPRP() const;
+    // The first day of that period.
+    // Errors: 13 before the first calculation.
     Variant LExpPRPStart() const;
+    // The last day of that period.
+    // Errors: 13 before the first calculation.
     Variant LExpPRPEnd() const;
 
     // clang-format off
     // The auto-enrolment status now: that of the last calculated row, `AEStatusStart` before it.
     const std::string&     AEStatusCur() const noexcept { return aeStatusCur_; }
     Property<Date>         LastEPEDate;     // end of the pay period of the last closed row
+    // Whether the employment is casual.
     bool                   Casual() const noexcept { return EmpType() == PR_ET_Casual; }
     Property<std::int16_t> LastWeekNo;      // tax week of the last closed row
     Property<Date>         LastPayDate;     // reported pay date of the last closed row
@@ -149,13 +157,14 @@ class LEDGERWICK_API cEmployment : public Object {
     Property<Date>         HMRCStartDate;     // start as tax law sees it; set by the load
     // clang-format on
 
+    // Whether a payment has been reported, or a host has set its details.
+    bool LastRTISet() const noexcept { return lastRTI_ != nullptr; }
     // The details of the last reported payment.
     // Shape:  an array (1 To 13): employment count, works number, official identification number,
     //         partner, shared parental pay days, payroll year, reported pay date, pay frequency,
     //         number of the period in the tax year, tax code, week 1 basis, minimum normal hours,
     //         PRPID. Empty while `LastRTISet` is False. The let keeps a copy of any value, and sets
     //         `LastRTISet` also for Empty.
-    bool LastRTISet() const noexcept { return lastRTI_ != nullptr; }
     Variant LastRTI() const;
     void LastRTI(const Variant& value);
     // `LastRTI(from.LastRTI())` without the copy: the two share the details until a further pay row
@@ -200,17 +209,25 @@ class LEDGERWICK_API cEmployment : public Object {
 
     // ---- statutory pay and loans (payment_fold.cpp) ---------------------------------------------
 
-    // Whether the last calculated row was in a run of maternity, adoption, paternity or shared
-    // parental pay, and the length of that run.
-    // Units:  weeks of the first three, days of the last.
+    // Whether the last calculated row paid each kind of statutory pay, and how long the run of such
+    // rows has been.
     // clang-format off
+
+    // The last calculated row paid maternity pay.
     bool         SMPCurStatus() const noexcept { return run(StatutoryPay::Maternity).current; }
+    // Weeks of maternity pay in the run.
     std::int32_t SMPConsecutiveWeeks() const noexcept { return run(StatutoryPay::Maternity).length; }
+    // The last calculated row paid adoption pay.
     bool         SAPCurStatus() const noexcept { return run(StatutoryPay::Adoption).current; }
+    // Weeks of adoption pay in the run.
     std::int32_t SAPConsecutiveWeeks() const noexcept { return run(StatutoryPay::Adoption).length; }
+    // The last calculated row paid paternity pay.
     bool         SPPCurStatus() const noexcept { return run(StatutoryPay::Paternity).current; }
+    // Weeks of paternity pay in the run.
     std::int32_t SPPConsecutiveWeeks() const noexcept { return run(StatutoryPay::Paternity).length; }
+    // The last calculated row paid shared parental pay.
     bool         ShPPCurStatus() const noexcept { return run(StatutoryPay::SharedParental).current; }
+    // Days of shared parental pay in the run.
     std::int32_t ShPPConsecutiveDays() const noexcept { return run(StatutoryPay::SharedParental).length; }
     Property<std::int16_t> SLCurStatus;      // student loan plan of the last calculated row, 0 none
     Property<std::int16_t> SLLastKnownPlan;  // the last plan other than 0

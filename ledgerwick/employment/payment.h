@@ -15,6 +15,7 @@ namespace ledgerwick {
 class LEDGERWICK_API CPayment : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "CPayment"; }
+    // A Variant holding the `Identify` of this object, made at the first read.
     Variant identifyClass() { return identify_.get(); }
 
     // clang-format off
@@ -31,7 +32,7 @@ class LEDGERWICK_API CPayment : public Object {
     Property<std::int32_t> WeekNo;                // tax week
     Property<std::int32_t> Year;                  // payroll year
     Property<std::string>  NITable;               // National Insurance table letter
-    Property<std::string>  TaxCode;
+    Property<std::string>  TaxCode;  // tax code
     Property<std::string>  StaffNo;               // staff number
     Property<std::int16_t> PayFrequency;          // a PR_Pay_Freq value
     Property<std::int32_t> PenWorkplaceSchemeID;  // workplace pension scheme of the payment

@@ -12,7 +12,9 @@ namespace ledgerwick {
 // pay row replaces them in place. They leave as an array (1 To 13).
 class ReportedPayment {
   public:
+    // The number of details.
     static constexpr std::int32_t detailCount = 13;
+    // The details in the order in which they leave.
     using Details = std::array<Variant, detailCount>;
 
     // Takes the details of a pay row.

@@ -11,6 +11,7 @@
 
 namespace ledgerwick {
 
+// The item that an order line is about. A new object has zeros and an empty text.
 class LEDGERWICK_API cDSItem : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "cDSItem"; }

@@ -30,6 +30,7 @@ class LEDGERWICK_API CImportedEarnings : public Object {
     Property<std::string>  UoPCode;       // code of the unit of purchase
     // clang-format on
 
+    // The description of the item.
     const std::string& Desc() const noexcept { return desc_; }
     void Desc(std::string_view sDesc);
 

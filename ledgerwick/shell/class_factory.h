@@ -21,8 +21,11 @@ LEDGERWICK_API ObjectRef CreateObject(std::string_view className);
 extern "C" {
 // The four entry points that a loader of in-process servers looks for. The library keeps no
 // registration and no count of its objects, so that all but the third do nothing of their own.
-// They return 0 for success and never throw.
+// None of them throws.
+
+// Always 0: there is nothing to register.
 LEDGERWICK_API int DllRegisterServer();
+// Always 0: there is nothing to take out.
 LEDGERWICK_API int DllUnregisterServer();
 // Makes the object of the class named by `className` and gives it over in `*object`, a
 // `std::shared_ptr<ledgerwick::Object>*` that the caller deletes. -1 for an unknown class.

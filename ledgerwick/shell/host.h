@@ -56,6 +56,7 @@ class LEDGERWICK_API HostState : public Object {
     // Set to True, and never cleared, when an add-info row of status 0 is stored.
     virtual bool g_blnPRSchUp();
     virtual void g_blnPRSchUp(bool value);
+    // The host's customer functions.
     virtual CustomerFunctions& C_customerFunctions();
 
     // Shows a critical message to the user. The default writes it to the standard error stream.
@@ -102,6 +103,7 @@ class LEDGERWICK_API HostApp : public Object {
 class LEDGERWICK_API HostGlobal : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "Global"; }
+    // The host's program.
     virtual HostApp& App();
 };
 
@@ -121,6 +123,7 @@ class LEDGERWICK_API DataAccess : public Object {
 class LEDGERWICK_API Label : public Object {
   public:
     std::string_view TypeName() const noexcept final { return "Label"; }
+    // Shows a line of progress.
     virtual void Caption(std::string_view caption) = 0;
     // Gives the host's event loop one turn. Host code that runs in it must not call the list that
     // is being loaded.

@@ -31,22 +31,24 @@ class LEDGERWICK_API Identify : public Object {
 
     // Each replaces what the reference of that name held; a null pointer clears it. They take any
     // object and test nothing, except that `SetCallerGlobal` takes only an object that offers `App`.
-    // Errors: 13 for `SetCallerGlobal` of another object; the reference stays as it was.
+
+    // The host's global object, a `HostGlobal`.
+    // Errors: 13 for another object; the reference stays as it was.
     void SetCallerGlobal(ObjectRef glbIU);
-    void Setg(ObjectRef og);
-    void Setfp(ObjectRef ofp);
-    // Comes after the last construction of an `Identify`, since each construction overwrites it.
+    void Setg(ObjectRef og);    // the host's global state, a `HostState`
+    void Setfp(ObjectRef ofp);  // the host's file functions, a `FileFunctions`
+    // The data-access object, a `DataAccess`. Comes after the last construction of an `Identify`, since each construction overwrites it.
     void SetDAO_ADO(ObjectRef oDAO_ADO);
-    void SetARFuncs(ObjectRef oARFuncs);
-    void Setpf(ObjectRef opf);
-    void SetEmployeeList(ObjectRef oEmployeeList);
+    void SetARFuncs(ObjectRef oARFuncs);  // the host's report functions; held only
+    void Setpf(ObjectRef opf);            // the host's program functions, a `ProgramFunctions`
+    void SetEmployeeList(ObjectRef oEmployeeList);  // the list, a `CEmployeeList`, before any load
 };
 
 // The private reference behind the member `identifyClass` of seven classes: empty until the first
 // read, which makes the object; later reads give the same one.
 class LEDGERWICK_API IdentifyHolder {
   public:
-    Variant get();
+    Variant get();  // a Variant holding the `Identify`
 
   private:
     std::shared_ptr<Identify> identify_;

@@ -28,13 +28,14 @@ namespace ledgerwick {
 // find a field without looking at its text; a name made from text has the number 0.
 class FieldName {
   public:
+    // A name with its number, or made from text.
     constexpr FieldName(std::uint16_t id, std::string_view text) noexcept : id_(id), text_(text) {}
     constexpr FieldName(std::string_view text) noexcept : text_(text) {}
     constexpr FieldName(const char* text) noexcept : text_(text) {}
     FieldName(const std::string& text) noexcept : text_(text) {}
 
-    constexpr std::uint16_t id() const noexcept { return id_; }
-    constexpr std::string_view text() const noexcept { return text_; }
+    constexpr std::uint16_t id() const noexcept { return id_; }  // 0 for a name made from text
+    constexpr std::string_view text() const noexcept { return text_; }  // as the tables spell it
 
   private:
     std::uint16_t id_ = 0;
@@ -44,6 +45,7 @@ class FieldName {
 // The fields of a statement that its reader will read. Empty means every field.
 using FieldList = std::span<const FieldName>;
 
+// The two kinds of sets that the library opens.
 enum class RecordsetType : std::int16_t {
     Dynaset = 2,   // an updatable set
     Snapshot = 4,  // read-only; rows written after the set was opened are not seen by it
@@ -60,7 +62,9 @@ class Recordset;
 // A field of the row that its recordset stands on.
 class LEDGERWICK_API Field {
   public:
+    // A field of `recordset`, which must outlive this object.
     Field(Recordset& recordset, FieldName name) noexcept : recordset_(recordset), name_(name) {}
+    // Reads or writes the field, with the errors of the set.
     Variant Value() const;
     void Value(const Variant& value) const;
 
@@ -83,11 +87,14 @@ class LEDGERWICK_API Recordset : public Object {
     // Zero-based position of the current row; -1 when there is none.
     virtual std::int32_t AbsolutePosition() = 0;
 
-    // Errors: 3021 when there is no row to move to, or from. `MoveNext` from the last row goes
-    //         behind it, and `MovePrevious` from there comes back to the last row.
+    // Goes to the first row.
+    // Errors: 3021 when there is no row to move to, or from; so for all four.
     virtual void MoveFirst() = 0;
+    // Goes to the last row.
     virtual void MoveLast() = 0;
+    // Goes on one row; from the last row it goes behind it.
     virtual void MoveNext() = 0;
+    // Goes back one row; from behind the last row it comes back to that.
     virtual void MovePrevious() = 0;
 
     // A field of the row in edit, else of the current row. Null is given as Null.
@@ -96,18 +103,25 @@ class LEDGERWICK_API Recordset : public Object {
     // Errors: 3020 when no row is in edit, 3027 when the set cannot be written.
     virtual void Value(const FieldName& name, const Variant& value) = 0;
 
-    // Starts a new row; starts editing the current row; stores the row. After `AddNew` and `Update`
-    // the set stands where it stood before; `Bookmark(LastModified())` goes to the new row.
-    // Errors: 3021 for `Edit` without a row, 3020 for `Update` without either, 3027.
+    // Starts a new row.
+    // Errors: 3027 when the set cannot be written.
     virtual void AddNew() = 0;
+    // Starts editing the current row.
+    // Errors: 3021 without a row, 3027 when the set cannot be written.
     virtual void Edit() = 0;
+    // Stores the row in edit. After `AddNew` the set stands where it stood before;
+    // `Bookmark(LastModified())` goes to the new row.
+    // Errors: 3020 without a row in edit, 3027.
     virtual void Update() = 0;
 
-    // The row stored last, and the current row, as a place to go to.
+    // The row stored last, as a place to go to.
     virtual ledgerwick::Bookmark LastModified() = 0;
+    // The current row as a place to go to, and going there.
     virtual ledgerwick::Bookmark Bookmark() = 0;
     virtual void Bookmark(const ledgerwick::Bookmark& place) = 0;
 
+    // Closes the set; every later use of it fails.
+    // Errors: 3420 from each later operation.
     virtual void Close() = 0;
 
     // `Fields("PRPID").Value()`, for those who like it spelt so.
@@ -117,26 +131,38 @@ class LEDGERWICK_API Recordset : public Object {
     // Shape:  as the conversions of Variant. A text stays valid until the set moves, is written or
     //         another text is read from it.
     // Errors: as the conversions of Variant, with the field's name as the source.
+
+    // Whether the field holds Null.
     virtual bool IsNull(const FieldName& name);
+    // The field as a boolean.
     virtual bool GetBoolean(const FieldName& name);
+    // The field as a whole number of 16 bits.
     virtual std::int16_t GetInt16(const FieldName& name);
+    // The field as a whole number of 32 bits.
     virtual std::int32_t GetInt32(const FieldName& name);
+    // The field as a number of single precision.
     virtual float GetSingle(const FieldName& name);
+    // The field as a number of double precision.
     virtual double GetDouble(const FieldName& name);
+    // The field as money.
     virtual Currency GetCurrency(const FieldName& name);
+    // The field as a date.
     virtual Date GetDate(const FieldName& name);
+    // The field as text, which stays valid until the set moves, is written or gives another text.
     virtual std::string_view GetText(const FieldName& name);
 
   private:
     std::string text_;  // the text that `GetText` gave last
 };
 
+// A set held by whoever uses it.
 using RecordsetRef = std::shared_ptr<Recordset>;
 
 // A statement that can be opened. The library makes temporary ones only.
 class LEDGERWICK_API QueryDef : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "QueryDef"; }
+    // As `Database::OpenRecordset`, of the statement that the query was made of.
     virtual RecordsetRef OpenRecordset(RecordsetType type, FieldList reads = {}) = 0;
 };
 
@@ -156,10 +182,11 @@ class LEDGERWICK_API Database : public Object {
     virtual std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name,
                                                      std::string_view sql) = 0;
 
-    // Brackets the writes of one public operation, so that a layer may store them together. Not a
+    // Opens the writes of one public operation, so that a layer may store them together. Not a
     // transaction: what was written stays, also when the operation fails in between. The default
     // does nothing.
     virtual void BeginBatch();
+    // Ends what `BeginBatch` opened; what was written is stored then.
     virtual void EndBatch();
 };
 

@@ -126,16 +126,16 @@ inline constexpr FieldName PREPenWorkplaceEEDeductFlat{102, "PREPenWorkplaceEEDe
 inline constexpr FieldName PREPenWorkplaceERDeductFlat{103, "PREPenWorkplaceERDeductFlat"};  // currency
 inline constexpr FieldName PREPenWorkplaceEEDeductPerC{104, "PREPenWorkplaceEEDeductPerC"};  // single, own percentages
 inline constexpr FieldName PREPenWorkplaceERDeductPerC{105, "PREPenWorkplaceERDeductPerC"};  // single
-inline constexpr std::array PRENormHours{PRENormHours1, PRENormHours2, PRENormHours3, PRENormHours4, PRENormHours5, PRENormHours6, PRENormHours7};
-inline constexpr std::array PREStdPreTax{PREStdPreTax1, PREStdPreTax2, PREStdPreTax3, PREStdPreTax4, PREStdPreTax5};
-inline constexpr std::array PREStdAfterTax{PREStdAfterTax1, PREStdAfterTax2, PREStdAfterTax3, PREStdAfterTax4, PREStdAfterTax5};
-inline constexpr std::array PREStdPreTaxComment{PREStdPreTaxComment1, PREStdPreTaxComment2, PREStdPreTaxComment3, PREStdPreTaxComment4, PREStdPreTaxComment5};
-inline constexpr std::array PREStdAfterTaxComment{PREStdAfterTaxComment1, PREStdAfterTaxComment2, PREStdAfterTaxComment3, PREStdAfterTaxComment4, PREStdAfterTaxComment5};
-inline constexpr std::array PREPreTaxNom{PREPreTaxNom1, PREPreTaxNom2, PREPreTaxNom3, PREPreTaxNom4, PREPreTaxNom5};
-inline constexpr std::array PREAfterTaxNom{PREAfterTaxNom1, PREAfterTaxNom2, PREAfterTaxNom3, PREAfterTaxNom4, PREAfterTaxNom5};
-inline constexpr std::array PREPreTaxCost{PREPreTaxCost1, PREPreTaxCost2, PREPreTaxCost3, PREPreTaxCost4, PREPreTaxCost5};
-inline constexpr std::array PREAfterTaxCost{PREAfterTaxCost1, PREAfterTaxCost2, PREAfterTaxCost3, PREAfterTaxCost4, PREAfterTaxCost5};
-inline constexpr std::array PREQualSickDay{PREQualSickDay1, PREQualSickDay2, PREQualSickDay3, PREQualSickDay4, PREQualSickDay5, PREQualSickDay6, PREQualSickDay7};
+inline constexpr std::array PRENormHours{PRENormHours1, PRENormHours2, PRENormHours3, PRENormHours4, PRENormHours5, PRENormHours6, PRENormHours7};  // the seven normal hours
+inline constexpr std::array PREStdPreTax{PREStdPreTax1, PREStdPreTax2, PREStdPreTax3, PREStdPreTax4, PREStdPreTax5};  // the five standing pre-tax amounts
+inline constexpr std::array PREStdAfterTax{PREStdAfterTax1, PREStdAfterTax2, PREStdAfterTax3, PREStdAfterTax4, PREStdAfterTax5};  // the five standing after-tax amounts
+inline constexpr std::array PREStdPreTaxComment{PREStdPreTaxComment1, PREStdPreTaxComment2, PREStdPreTaxComment3, PREStdPreTaxComment4, PREStdPreTaxComment5};  // their five texts
+inline constexpr std::array PREStdAfterTaxComment{PREStdAfterTaxComment1, PREStdAfterTaxComment2, PREStdAfterTaxComment3, PREStdAfterTaxComment4, PREStdAfterTaxComment5};  // their five texts
+inline constexpr std::array PREPreTaxNom{PREPreTaxNom1, PREPreTaxNom2, PREPreTaxNom3, PREPreTaxNom4, PREPreTaxNom5};  // their five nominal codes
+inline constexpr std::array PREAfterTaxNom{PREAfterTaxNom1, PREAfterTaxNom2, PREAfterTaxNom3, PREAfterTaxNom4, PREAfterTaxNom5};  // their five nominal codes
+inline constexpr std::array PREPreTaxCost{PREPreTaxCost1, PREPreTaxCost2, PREPreTaxCost3, PREPreTaxCost4, PREPreTaxCost5};  // their five cost flags
+inline constexpr std::array PREAfterTaxCost{PREAfterTaxCost1, PREAfterTaxCost2, PREAfterTaxCost3, PREAfterTaxCost4, PREAfterTaxCost5};  // their five cost flags
+inline constexpr std::array PREQualSickDay{PREQualSickDay1, PREQualSickDay2, PREQualSickDay3, PREQualSickDay4, PREQualSickDay5, PREQualSickDay6, PREQualSickDay7};  // the seven qualifying days for sick pay
 
 // `PREmployments`: one row per employee, payroll year and employment within the year.
 inline constexpr FieldName PRTID{106, "PRTID"};                             // 32-bit integer, key, given by the database
@@ -266,14 +266,14 @@ inline constexpr FieldName PRPOfficialIDNo{226, "PRPOfficialIDNo"};         // a
 inline constexpr FieldName PRPWorksNo{227, "PRPWorksNo"};                   // text, works number
 inline constexpr FieldName PRPRTILateReason{228, "PRPRTILateReason"};       // text, late-reporting reason, "H" on a filler row
 inline constexpr FieldName PRPDoB{229, "PRPDoB"};                           // date, date of birth, copied from row to row
-inline constexpr std::array PRPPreTax{PRPPreTax1, PRPPreTax2, PRPPreTax3, PRPPreTax4, PRPPreTax5};
-inline constexpr std::array PRPAfterTax{PRPAfterTax1, PRPAfterTax2, PRPAfterTax3, PRPAfterTax4, PRPAfterTax5};
-inline constexpr std::array PRPPreTaxComment{PRPPreTaxComment1, PRPPreTaxComment2, PRPPreTaxComment3, PRPPreTaxComment4, PRPPreTaxComment5};
-inline constexpr std::array PRPAfterTaxComment{PRPAfterTaxComment1, PRPAfterTaxComment2, PRPAfterTaxComment3, PRPAfterTaxComment4, PRPAfterTaxComment5};
-inline constexpr std::array PRPPreTaxNom{PRPPreTaxNom1, PRPPreTaxNom2, PRPPreTaxNom3, PRPPreTaxNom4, PRPPreTaxNom5};
-inline constexpr std::array PRPAfterTaxNom{PRPAfterTaxNom1, PRPAfterTaxNom2, PRPAfterTaxNom3, PRPAfterTaxNom4, PRPAfterTaxNom5};
-inline constexpr std::array PRPPreTaxCost{PRPPreTaxCost1, PRPPreTaxCost2, PRPPreTaxCost3, PRPPreTaxCost4, PRPPreTaxCost5};
-inline constexpr std::array PRPAfterTaxCost{PRPAfterTaxCost1, PRPAfterTaxCost2, PRPAfterTaxCost3, PRPAfterTaxCost4, PRPAfterTaxCost5};
+inline constexpr std::array PRPPreTax{PRPPreTax1, PRPPreTax2, PRPPreTax3, PRPPreTax4, PRPPreTax5};  // the five pre-tax amounts
+inline constexpr std::array PRPAfterTax{PRPAfterTax1, PRPAfterTax2, PRPAfterTax3, PRPAfterTax4, PRPAfterTax5};  // the five after-tax amounts
+inline constexpr std::array PRPPreTaxComment{PRPPreTaxComment1, PRPPreTaxComment2, PRPPreTaxComment3, PRPPreTaxComment4, PRPPreTaxComment5};  // their five texts
+inline constexpr std::array PRPAfterTaxComment{PRPAfterTaxComment1, PRPAfterTaxComment2, PRPAfterTaxComment3, PRPAfterTaxComment4, PRPAfterTaxComment5};  // their five texts
+inline constexpr std::array PRPPreTaxNom{PRPPreTaxNom1, PRPPreTaxNom2, PRPPreTaxNom3, PRPPreTaxNom4, PRPPreTaxNom5};  // their five nominal codes
+inline constexpr std::array PRPAfterTaxNom{PRPAfterTaxNom1, PRPAfterTaxNom2, PRPAfterTaxNom3, PRPAfterTaxNom4, PRPAfterTaxNom5};  // their five nominal codes
+inline constexpr std::array PRPPreTaxCost{PRPPreTaxCost1, PRPPreTaxCost2, PRPPreTaxCost3, PRPPreTaxCost4, PRPPreTaxCost5};  // their five cost flags
+inline constexpr std::array PRPAfterTaxCost{PRPAfterTaxCost1, PRPAfterTaxCost2, PRPAfterTaxCost3, PRPAfterTaxCost4, PRPAfterTaxCost5};  // their five cost flags
 
 // `PensionSchemes`: one row per workplace pension scheme.
 inline constexpr FieldName PSID{230, "PSID"};                               // 32-bit integer, key

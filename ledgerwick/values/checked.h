@@ -21,29 +21,39 @@ constexpr Narrow narrowTo(std::int64_t value, std::string_view source) {
     }
     return static_cast<Narrow>(value);
 }
+// A whole number brought to 16 bits.
+// Errors: 6 when it does not fit.
 constexpr std::int16_t narrowToInt16(std::int64_t value,
                                      std::string_view source = "narrowToInt16") {
     return narrowTo<std::int16_t>(value, source);
 }
+// A whole number brought to 32 bits.
+// Errors: 6 when it does not fit.
 constexpr std::int32_t narrowToInt32(std::int64_t value,
                                      std::string_view source = "narrowToInt32") {
     return narrowTo<std::int32_t>(value, source);
 }
 
-// Sum, difference and product.
-// Errors: 6 when the result does not fit; the operands stay as they were.
+// The sum in 16 bits.
+// Errors: 6 when it does not fit.
 constexpr std::int16_t addInt16(std::int16_t a, std::int16_t b,
                                 std::string_view source = "addInt16") {
     return narrowTo<std::int16_t>(std::int64_t{a} + b, source);
 }
+// The sum in 32 bits.
+// Errors: 6 when it does not fit.
 constexpr std::int32_t addInt32(std::int32_t a, std::int32_t b,
                                 std::string_view source = "addInt32") {
     return narrowTo<std::int32_t>(std::int64_t{a} + b, source);
 }
+// The difference in 32 bits.
+// Errors: 6 when it does not fit.
 constexpr std::int32_t subtractInt32(std::int32_t a, std::int32_t b,
                                      std::string_view source = "subtractInt32") {
     return narrowTo<std::int32_t>(std::int64_t{a} - b, source);
 }
+// The product in 32 bits.
+// Errors: 6 when it does not fit.
 constexpr std::int32_t multiplyInt32(std::int32_t a, std::int32_t b,
                                      std::string_view source = "multiplyInt32") {
     return narrowTo<std::int32_t>(std::int64_t{a} * b, source);
@@ -56,9 +66,11 @@ inline std::int64_t roundToInt64(double value, std::string_view source = "roundT
     if (!(rounded >= -0x1p63 && rounded < 0x1p63)) raise(error_number::overflow, source);
     return static_cast<std::int64_t>(rounded);
 }
+// The same, brought to 16 bits.
 inline std::int16_t roundToInt16(double value, std::string_view source = "roundToInt16") {
     return narrowTo<std::int16_t>(roundToInt64(value, source), source);
 }
+// The same, brought to 32 bits.
 inline std::int32_t roundToInt32(double value, std::string_view source = "roundToInt32") {
     return narrowTo<std::int32_t>(roundToInt64(value, source), source);
 }

@@ -26,10 +26,10 @@ namespace ledgerwick {
 
 // Where `Add` puts a new item: at the end, or beside the item of a key or of a position from 1.
 struct Placement {
-    std::string_view before{};
-    std::string_view after{};
-    std::int32_t beforePosition = 0;
-    std::int32_t afterPosition = 0;
+    std::string_view before{};        // key of the item that it goes before
+    std::string_view after{};         // key of the item that it goes behind
+    std::int32_t beforePosition = 0;  // position of the item that it goes before
+    std::int32_t afterPosition = 0;   // position of the item that it goes behind
 };
 
 // Keys are compared exactly. An item stays where it is in memory until it is removed.
@@ -39,7 +39,9 @@ class Collection {
     Collection() = default;
     Collection(const Collection&) = delete;
     Collection& operator=(const Collection&) = delete;
+    // Takes over the items; `other` is empty then.
     Collection(Collection&& other) noexcept { swap(other); }
+    // Likewise, in place of the items it had.
     Collection& operator=(Collection&& other) noexcept {
         Collection(std::move(other)).swap(*this);
         return *this;
@@ -64,14 +66,14 @@ class Collection {
     // Errors: as Item; the list stays as it was.
     void Remove(std::string_view key);
     void Remove(std::int32_t position);
-    void Clear() noexcept { *this = Collection(); }
+    void Clear() noexcept { *this = Collection(); }  // removes every item
 
-    std::int32_t Count() const noexcept { return count_; }
+    std::int32_t Count() const noexcept { return count_; }  // the number of items
 
     // Walks the items in order. Adding and removing ends every walk.
     class Iterator;
-    Iterator begin() const noexcept { return Iterator(this, 0); }
-    Iterator end() const noexcept { return Iterator(this, chunks_.size()); }
+    Iterator begin() const noexcept { return Iterator(this, 0); }             // at the first item
+    Iterator end() const noexcept { return Iterator(this, chunks_.size()); }  // behind the last one
 
   private:
     struct Chunk;
@@ -151,9 +153,11 @@ class Collection {
     mutable std::uint32_t startsKnown_ = 0;  // the number of chunks whose `start` is known
 };
 
+// A place in the list, which lasts until an item is added or removed.
 template <class T>
 class Collection<T>::Iterator {
   public:
+    // What the standard library asks of a place in a list.
     using iterator_category = std::forward_iterator_tag;
     using value_type = T;
     using difference_type = std::ptrdiff_t;
@@ -161,8 +165,10 @@ class Collection<T>::Iterator {
     using reference = T&;
 
     Iterator() = default;
+    // The item at this place.
     T& operator*() const noexcept { return list_->chunks_[chunk_].chunk->nodes[offset_]->item; }
-    T* operator->() const noexcept { return &**this; }
+    T* operator->() const noexcept { return &**this; }  // a member of that item
+    // Goes on to the next item.
     Iterator& operator++() noexcept {
         if (++offset_ == list_->chunks_[chunk_].chunk->nodes.size()) {
             ++chunk_;
@@ -175,7 +181,8 @@ class Collection<T>::Iterator {
         ++*this;
         return before;
     }
-    friend bool operator==(const Iterator&, const Iterator&) noexcept = default;
+    friend bool operator==(const Iterator&, const Iterator&) noexcept =
+        default;  // whether both stand at the same item
 
   private:
     friend class Collection;

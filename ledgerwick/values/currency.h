@@ -17,9 +17,10 @@ namespace ledgerwick {
 // Errors: a result outside that range is error 6.
 class LEDGERWICK_API Currency {
   public:
-    constexpr Currency() noexcept = default;
+    constexpr Currency() noexcept = default;  // no money
 
-    static constexpr std::int64_t ticksPerUnit = 10000;
+    static constexpr std::int64_t ticksPerUnit = 10000;  // ticks in a pound
+    // That many ten-thousandths.
     static constexpr Currency fromTicks(std::int64_t ticks) noexcept { return Currency(ticks); }
     // Exact for whole pounds.
     static Currency fromWhole(std::int64_t pounds, std::string_view source = "Currency");
@@ -29,13 +30,16 @@ class LEDGERWICK_API Currency {
     // Errors: 6 also when `value` is no finite number.
     static Currency fromDouble(double value, std::string_view source = "Currency");
 
+    // The count of ten-thousandths.
     constexpr std::int64_t ticks() const noexcept { return ticks_; }
+    // The nearest floating-point number of pounds.
     double toDouble() const noexcept {
         return static_cast<double>(ticks_) / static_cast<double>(ticksPerUnit);
     }
     // Plain decimal without trailing zeros: "12.5", "-0.0001", "0".
     std::string toText() const;
 
+    // The sum.
     friend constexpr Currency operator+(Currency a, Currency b) {
         using Limits = std::numeric_limits<std::int64_t>;
         if (b.ticks_ > 0 ? a.ticks_ > Limits::max() - b.ticks_
@@ -44,6 +48,7 @@ class LEDGERWICK_API Currency {
         }
         return Currency(a.ticks_ + b.ticks_);
     }
+    // The difference.
     friend constexpr Currency operator-(Currency a, Currency b) {
         using Limits = std::numeric_limits<std::int64_t>;
         if (b.ticks_ > 0 ? a.ticks_ < Limits::min() + b.ticks_
@@ -52,8 +57,10 @@ class LEDGERWICK_API Currency {
         }
         return Currency(a.ticks_ - b.ticks_);
     }
+    // Adds to this amount.
     Currency& operator+=(Currency other) { return *this = *this + other; }
 
+    // Compared exactly.
     friend constexpr auto operator<=>(Currency, Currency) noexcept = default;
 
   private:

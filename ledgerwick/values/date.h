@@ -22,7 +22,8 @@ namespace ledgerwick {
 // Errors: arithmetic that leaves the range is error 6.
 class LEDGERWICK_API Date {
   public:
-    constexpr Date() noexcept = default;
+    constexpr Date() noexcept = default;  // the zero date
+    // The date of a serial, days since the zero date.
     constexpr explicit Date(double serial) noexcept : serial_(serial) {}
 
     // The day `day` of month `month` of `year`, at midnight. Months and days outside their range
@@ -34,11 +35,12 @@ class LEDGERWICK_API Date {
     // The same with a time of day; hours, minutes and seconds roll over likewise.
     static Date fromYmdHms(int year, int month, int day, int hour, int minute, int second);
 
-    // The earliest and the latest day that the type holds.
+    // The earliest day that the type holds, 1 January 100.
     static constexpr Date first() noexcept { return Date(firstDay); }
+    // The latest day that the type holds, 31 December 9999.
     static constexpr Date last() noexcept { return Date(lastDay); }
 
-    constexpr double serial() const noexcept { return serial_; }
+    constexpr double serial() const noexcept { return serial_; }  // days since the zero date
     // Whether the date is anything but the zero date.
     constexpr bool isSet() const noexcept { return serial_ != 0.0; }
     // Whether a serial is one of the range.
@@ -58,23 +60,29 @@ class LEDGERWICK_API Date {
     // The time of day in whole seconds, the nearest one that is still on the day. [0, 86399]
     std::int32_t secondOfDay() const noexcept;
 
+    // The calendar year.
     constexpr int year() const noexcept { return static_cast<int>(civil().year()); }
-    constexpr int month() const noexcept {  // [1, 12]
+    // The month of the year. [1, 12]
+    constexpr int month() const noexcept {
         return static_cast<int>(static_cast<unsigned>(civil().month()));
     }
-    constexpr int day() const noexcept {  // [1, 31]
+    // The day of the month. [1, 31]
+    constexpr int day() const noexcept {
         return static_cast<int>(static_cast<unsigned>(civil().day()));
     }
-    constexpr int weekday() const noexcept {             // [1, 7], 1 = Sunday
+    // The day of the week. [1, 7], 1 = Sunday
+    constexpr int weekday() const noexcept {
         constexpr std::uint32_t wholeWeeks = 7 * 93920;  // lifts the first day above zero
         return static_cast<int>((static_cast<std::uint32_t>(dayNumber()) + wholeWeeks + 6) % 7) + 1;
     }
 
+    // A day by its three numbers.
     struct Ymd {
-        int year;
+        int year;   // [100, 9999]
         int month;  // [1, 12]
         int day;    // [1, 31]
     };
+    // Year, month and day in one calculation.
     constexpr Ymd ymd() const noexcept {
         const auto date = civil();
         return {static_cast<int>(date.year()),
@@ -82,13 +90,15 @@ class LEDGERWICK_API Date {
                 static_cast<int>(static_cast<unsigned>(date.day()))};
     }
 
-    // Errors of the three: 6 outside the range of the type.
+    // So many days later, or earlier.
+    // Errors: 6 outside the range of the type, as for weeks and months.
     constexpr Date addDays(double days) const {
         const double moved = serial_ + days;
         // Up from the zero date the serial is the time line itself.
         if (serial_ >= 0 && moved >= 0 && moved < lastDay + 1) return Date(moved);
         return fromTimeLine(timeLine() + days);
     }
+    // So many weeks later, or earlier.
     constexpr Date addWeeks(std::int64_t weeks) const {
         return addDays(static_cast<double>(weeks) * 7);
     }
@@ -116,7 +126,9 @@ class LEDGERWICK_API Date {
     // "2016-04-05", with "T13:00:00" behind it when there is a time of day.
     std::string toIso() const;
 
+    // Exact.
     friend constexpr bool operator==(Date a, Date b) noexcept { return a.serial_ == b.serial_; }
+    // By the serial.
     friend constexpr std::partial_ordering operator<=>(Date a, Date b) noexcept {
         return a.serial_ <=> b.serial_;
     }

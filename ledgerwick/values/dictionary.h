@@ -18,16 +18,19 @@
 
 namespace ledgerwick {
 
+// Values under keys that are compared exactly, in the order in which they were added.
 template <class Key, class Value, class Hash = std::hash<Key>>
 class Dictionary {
   public:
-    using Entry = std::pair<const Key, Value>;
-    using const_iterator = typename std::list<Entry>::const_iterator;
+    using Entry = std::pair<const Key, Value>;                         // a key with its value
+    using const_iterator = typename std::list<Entry>::const_iterator;  // a place among them
 
     Dictionary() = default;
     Dictionary(const Dictionary&) = delete;
     Dictionary& operator=(const Dictionary&) = delete;
+    // Takes over the entries.
     Dictionary(Dictionary&&) noexcept = default;
+    // Likewise, in place of those it had.
     Dictionary& operator=(Dictionary&&) noexcept = default;
 
     // Errors: 457 when the key is there already; the store stays as it was.
@@ -36,7 +39,7 @@ class Dictionary {
         entries_.emplace_back(key, std::move(value));
         index_.insert(std::prev(entries_.end()));
     }
-    bool Exists(const Key& key) const { return index_.contains(key); }
+    bool Exists(const Key& key) const { return index_.contains(key); }  // whether the key is there
 
     // The value under a key, or a null pointer.
     Value* Find(const Key& key) {
@@ -69,6 +72,7 @@ class Dictionary {
         index_.erase(found);
         entries_.erase(position);
     }
+    // Removes every entry.
     void RemoveAll() noexcept {
         index_.clear();
         entries_.clear();
@@ -81,10 +85,12 @@ class Dictionary {
         for (const auto& entry : entries_) keys.push_back(entry.first);
         return keys;
     }
+    // The number of entries.
     std::int32_t Count() const noexcept { return static_cast<std::int32_t>(entries_.size()); }
 
     // Entries in the order in which they were added.
     const_iterator begin() const noexcept { return entries_.begin(); }
+    // Behind the last entry.
     const_iterator end() const noexcept { return entries_.end(); }
 
   private:

@@ -16,13 +16,14 @@ namespace ledgerwick {
 // The one exception type of the library.
 class LEDGERWICK_API Error : public std::exception {
   public:
+    // A failure told by its number, the operation, and a sentence with the facts.
     Error(std::int32_t number, std::string source, std::string description);
     ~Error() override;
 
-    std::int32_t Number() const noexcept { return number_; }
+    std::int32_t Number() const noexcept { return number_; }  // which failure it is
     // The operation that failed, or a path of operations joined with "|".
     const std::string& Source() const noexcept { return source_; }
-    const std::string& Description() const noexcept { return description_; }
+    const std::string& Description() const noexcept { return description_; }  // the sentence
 
     // "Error 9909 in AECalcR_PRP: Invalid Pay Period (0)."
     const char* what() const noexcept override { return text_.c_str(); }
@@ -37,25 +38,25 @@ class LEDGERWICK_API Error : public std::exception {
 // The numbers of failures that are not a rule of the payroll but of the values themselves. The
 // numbers are the classic ones of the hosts that load this library.
 namespace error_number {
-inline constexpr std::int32_t invalidCall = 5;
-inline constexpr std::int32_t overflow = 6;
-inline constexpr std::int32_t subscriptOutOfRange = 9;
-inline constexpr std::int32_t divisionByZero = 11;
-inline constexpr std::int32_t typeMismatch = 13;
-inline constexpr std::int32_t fileNotFound = 53;
-inline constexpr std::int32_t fileError = 57;
-inline constexpr std::int32_t objectNotSet = 91;
-inline constexpr std::int32_t invalidUseOfNull = 94;
-inline constexpr std::int32_t cannotCreateObject = 429;
-inline constexpr std::int32_t noSuchMember = 438;
-inline constexpr std::int32_t duplicateKey = 457;
-inline constexpr std::int32_t updateWithoutEdit = 3020;
-inline constexpr std::int32_t noCurrentRecord = 3021;
-inline constexpr std::int32_t readOnly = 3027;
-inline constexpr std::int32_t statementError = 3075;
-inline constexpr std::int32_t databaseError = 3146;
-inline constexpr std::int32_t noSuchItem = 3265;
-inline constexpr std::int32_t objectClosed = 3420;
+inline constexpr std::int32_t invalidCall = 5;           // an argument that no call may have
+inline constexpr std::int32_t overflow = 6;              // a value does not fit its type
+inline constexpr std::int32_t subscriptOutOfRange = 9;   // an index outside its bounds
+inline constexpr std::int32_t divisionByZero = 11;       // a division by zero
+inline constexpr std::int32_t typeMismatch = 13;         // a value of another type
+inline constexpr std::int32_t fileNotFound = 53;         // there is no such file
+inline constexpr std::int32_t fileError = 57;            // a file cannot be read or written
+inline constexpr std::int32_t objectNotSet = 91;         // an empty reference was used
+inline constexpr std::int32_t invalidUseOfNull = 94;     // a Null where a value must be
+inline constexpr std::int32_t cannotCreateObject = 429;  // there is no creatable class of that name
+inline constexpr std::int32_t noSuchMember = 438;        // an object lacks the member
+inline constexpr std::int32_t duplicateKey = 457;        // the key is there already
+inline constexpr std::int32_t updateWithoutEdit = 3020;  // a write without `AddNew` or `Edit`
+inline constexpr std::int32_t noCurrentRecord = 3021;    // the set stands on no row
+inline constexpr std::int32_t readOnly = 3027;           // the set cannot be written
+inline constexpr std::int32_t statementError = 3075;     // a statement that cannot be understood
+inline constexpr std::int32_t databaseError = 3146;      // the database refused
+inline constexpr std::int32_t noSuchItem = 3265;         // no field or item of that name
+inline constexpr std::int32_t objectClosed = 3420;       // the set or table is not open
 }  // namespace error_number
 
 // Throws the Error with that number. The description is the number's own text, followed by

@@ -21,9 +21,11 @@
 
 namespace ledgerwick {
 
+// A number by a number picture.
 LEDGERWICK_API std::string formatNumber(double value, std::string_view picture);
-// Exact, with all four decimals.
+// Money by a number picture: exact, with all four decimals.
 LEDGERWICK_API std::string formatNumber(Currency value, std::string_view picture);
+// A date by a date picture.
 LEDGERWICK_API std::string formatDate(Date value, std::string_view picture);
 
 // By the kind of the value: dates by date pictures, all else that is numeric by number pictures.

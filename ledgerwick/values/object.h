@@ -18,11 +18,14 @@ class LEDGERWICK_API Object {
     virtual std::string_view TypeName() const noexcept = 0;
 
   protected:
+    // For the classes derived from it.
     Object() = default;
+    // Copied only as a part of a class derived from it.
     Object(const Object&) = default;
+    // Assigned only as a part of a class derived from it.
     Object& operator=(const Object&) = default;
 };
 
-using ObjectRef = std::shared_ptr<Object>;
+using ObjectRef = std::shared_ptr<Object>;  // a reference that may be empty
 
 }  // namespace ledgerwick

@@ -18,15 +18,16 @@
 
 namespace ledgerwick {
 
+// What a field of a result table holds.
 enum class FieldType : std::uint8_t {
-    Int16,
-    Int32,
-    Int64,
-    Boolean,
-    Single,
-    Double,
-    Currency,
-    Date,
+    Int16,      // a whole number of 16 bits
+    Int32,      // a whole number of 32 bits
+    Int64,      // a whole number of 64 bits
+    Boolean,    // True or False
+    Single,     // a number of single precision
+    Double,     // a number of double precision
+    Currency,   // money, with four decimals
+    Date,       // a day, with or without a time of day
     Text,       // up to `size` characters
     FixedText,  // likewise; a shorter text is kept as it is, without padding
 };
@@ -37,9 +38,10 @@ class LEDGERWICK_API ResultTable : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "ResultTable"; }
 
+    // How a field was appended.
     struct FieldInfo {
-        std::string name;
-        FieldType type;
+        std::string name;   // as it was written there
+        FieldType type;     // what it holds
         std::int32_t size;  // characters of a text field, else 0
     };
 
@@ -69,20 +71,22 @@ class LEDGERWICK_API ResultTable : public Object {
     // Errors: 3265 for an unknown name.
     void Sort(std::string_view order);
 
-    std::int32_t RecordCount() const noexcept;
-    std::int32_t FieldCount() const noexcept;
-    // Shape: position from 0. Errors: 3265 outside the fields.
+    std::int32_t RecordCount() const noexcept;  // the number of rows
+    std::int32_t FieldCount() const noexcept;   // the number of fields
+    // The field at a position from 0.
+    // Errors: 3265 outside the fields.
     const FieldInfo& Field(std::int32_t position) const;
 
-    bool Bof() const noexcept;
-    bool Eof() const noexcept;
+    bool Bof() const noexcept;  // before the first row
+    bool Eof() const noexcept;  // behind the last row
     // Zero-based position of the current row; -1 when there is none.
     std::int32_t AbsolutePosition() const noexcept;
-    // Errors: 3021 in an empty table, or beyond either end.
+    // Goes to the first row.
+    // Errors: 3021 in an empty table, and for the next three also beyond either end.
     void MoveFirst();
-    void MoveLast();
-    void MoveNext();
-    void MovePrevious();
+    void MoveLast();      // goes to the last row
+    void MoveNext();      // goes on, from the last row to behind it
+    void MovePrevious();  // goes back, from the first row to before it
 
   private:
     struct SortKey {

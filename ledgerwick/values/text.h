@@ -11,9 +11,11 @@
 
 namespace ledgerwick {
 
-// Without leading, without trailing, and without either kind of spaces (U+0020 only).
+// Without leading spaces (U+0020 only).
 LEDGERWICK_API std::string_view trimLeft(std::string_view text) noexcept;
+// Without trailing spaces.
 LEDGERWICK_API std::string_view trimRight(std::string_view text) noexcept;
+// Without either.
 LEDGERWICK_API std::string_view trim(std::string_view text) noexcept;
 
 // The number of characters; a byte that is no valid UTF-8 counts as one.

@@ -24,27 +24,32 @@ namespace ledgerwick {
 
 class VariantArray;
 
+// What a Variant holds.
 enum class VariantKind : std::uint8_t {
-    Empty,
-    Null,
-    Boolean,
-    Int16,
-    Int32,
-    Int64,
-    Single,
-    Double,
-    Currency,
-    Date,
-    Text,
-    Array,
-    Object,
+    Empty,     // never written
+    Null,      // a database's "no value"
+    Boolean,   // True or False
+    Int16,     // a whole number of 16 bits
+    Int32,     // a whole number of 32 bits
+    Int64,     // a whole number of 64 bits
+    Single,    // a number of single precision
+    Double,    // a number of double precision
+    Currency,  // money, with four decimals
+    Date,      // a day, with or without a time of day
+    Text,      // text in UTF-8
+    Array,     // an array with bounds of its own
+    Object,    // a reference to an object, or the null object
 };
 
+// The type of `Null`.
 struct NullValue {};
+// The value Null, for `Variant(Null)`.
 inline constexpr NullValue Null{};
 
+// A value with its kind.
 class LEDGERWICK_API Variant {
   public:
+    // A value takes the kind of its C++ type; without one it is Empty.
     Variant() noexcept : Variant(VariantKind::Empty) {}
     Variant(NullValue) noexcept : Variant(VariantKind::Null) {}
     // Only for a true bool: a pointer must not turn into one.
@@ -63,6 +68,7 @@ class LEDGERWICK_API Variant {
     Variant(VariantArray value);
     // An object, or with a null pointer the null object, which is not the same as Empty.
     Variant(ObjectRef value);
+    // An object of any class.
     template <std::derived_from<Object> T>
     Variant(std::shared_ptr<T> value) : Variant(ObjectRef(std::move(value))) {}
 
@@ -72,6 +78,7 @@ class LEDGERWICK_API Variant {
         takeBytes(other);
         other.clearBytes();
     }
+    // As the copy and the move.
     Variant& operator=(const Variant& other) {
         if (this != &other) *this = Variant(other);
         return *this;
@@ -88,10 +95,12 @@ class LEDGERWICK_API Variant {
         if (ownsHeap()) release();
     }
 
+    // Which kind of value it is.
     VariantKind kind() const noexcept { return static_cast<VariantKind>(bytes_[0]); }
-    bool isEmpty() const noexcept { return kind() == VariantKind::Empty; }
-    bool isNull() const noexcept { return kind() == VariantKind::Null; }
-    bool isArray() const noexcept { return kind() == VariantKind::Array; }
+    bool isEmpty() const noexcept { return kind() == VariantKind::Empty; }  // never written
+    bool isNull() const noexcept { return kind() == VariantKind::Null; }  // a database's "no value"
+    bool isArray() const noexcept { return kind() == VariantKind::Array; }  // holds an array
+    // Holds an object, also the null object.
     bool isObject() const noexcept { return kind() == VariantKind::Object; }
     // A number of any kind, a boolean or a date, or a text that reads as a number.
     bool isNumeric() const;
@@ -104,12 +113,13 @@ class LEDGERWICK_API Variant {
     //
     // Any number but 0 is True, and so is the text "True" in any case.
     bool toBoolean(std::string_view source = "Variant") const;
-    std::int16_t toInt16(std::string_view source = "Variant") const;
-    std::int32_t toInt32(std::string_view source = "Variant") const;
-    std::int64_t toInt64(std::string_view source = "Variant") const;
-    float toSingle(std::string_view source = "Variant") const;
-    double toDouble(std::string_view source = "Variant") const;
-    Currency toCurrency(std::string_view source = "Variant") const;
+    std::int16_t toInt16(std::string_view source = "Variant") const;  // a whole number of 16 bits
+    std::int32_t toInt32(std::string_view source = "Variant") const;  // a whole number of 32 bits
+    std::int64_t toInt64(std::string_view source = "Variant") const;  // a whole number of 64 bits
+    float toSingle(std::string_view source = "Variant") const;   // a number, to single precision
+    double toDouble(std::string_view source = "Variant") const;  // a number, to double precision
+    Currency toCurrency(
+        std::string_view source = "Variant") const;  // money, rounded at the fourth decimal
     // A text is read as a date, or else as a number of days; a number is a number of days.
     Date toDate(std::string_view source = "Variant") const;
     // Numbers in plain decimal, booleans as "True" and "False", dates day first.
@@ -189,10 +199,11 @@ class LEDGERWICK_API VariantArray {
     VariantArray(std::int32_t lower1, std::int32_t upper1, std::int32_t lower2,
                  std::int32_t upper2);
 
-    int dimensions() const noexcept { return twoDimensional_ ? 2 : 1; }
+    int dimensions() const noexcept { return twoDimensional_ ? 2 : 1; }  // 1 or 2
     // Bounds of dimension 1 or 2.
     // Errors: 9 for a dimension that the array does not have.
     std::int32_t lowerBound(int dimension = 1) const;
+    // The last index of dimension 1 or 2, with the same error.
     std::int32_t upperBound(int dimension = 1) const;
 
     // An element. The reference lives until the array is resized.
@@ -209,7 +220,8 @@ class LEDGERWICK_API VariantArray {
     // Errors: 9 outside the bounds, or with two dimensions.
     void erase(std::int32_t index);
 
-    std::size_t size() const noexcept { return items_.size(); }
+    std::size_t size() const noexcept { return items_.size(); }  // the number of elements in all
+    // Same bounds and same elements.
     friend LEDGERWICK_API bool operator==(const VariantArray& a, const VariantArray& b);
 
   private:
