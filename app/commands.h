@@ -16,5 +16,6 @@ void addRunCommands(CLI::App& app, Context& context);    // run open, show, clos
 void addEmploymentCommands(CLI::App& app, Context& context);  // employment add, next
 void addAutoEnrolCommands(CLI::App& app, Context& context);   // ae ...
 void addDemoCommand(CLI::App& app, Context& context);         // demo
+void addDescribeCommand(CLI::App& app, Context& context);     // describe, not shown in the help
 
 }  // namespace ledgerwick::app

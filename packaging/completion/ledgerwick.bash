@@ -1,0 +1,111 @@
+# Completion of ledgerwick for bash; made by scripts/command-docs --update.
+
+# The commands and options that may stand behind a command.
+_ledgerwick_words() {
+  case "$1" in
+    "") echo "new import export calendar employees employee rows due run fill employment ae demo --help --today --csv --json" ;;
+    "new") echo "--year --help --today --csv --json" ;;
+    "import") echo "--help --today --csv --json" ;;
+    "export") echo "--help --today --csv --json" ;;
+    "calendar") echo "--start-day --help --today --csv --json" ;;
+    "employees") echo "--help --today --csv --json" ;;
+    "employee") echo "--help --today --csv --json" ;;
+    "rows") echo "--year --help --today --csv --json" ;;
+    "due") echo "--up-to --help --today --csv --json" ;;
+    "run") echo "open show close --help --today --csv --json" ;;
+    "run open") echo "--pay-date --frequency --group --employee --help --today --csv --json" ;;
+    "run show") echo "--pay-date --frequency --group --employee --help --today --csv --json" ;;
+    "run close") echo "--pay-date --frequency --group --employee --help --today --csv --json" ;;
+    "fill") echo "--help --today --csv --json" ;;
+    "employment") echo "add next --help --today --csv --json" ;;
+    "employment add") echo "--employee --start --casual --continuation --ae-status --first-pay --first-period-end --form --declared --previous-reference --previous-left --previous-tax-code --previous-week --previous-gross --previous-tax --text --help --today --csv --json" ;;
+    "employment next") echo "--employee --pay --period-end --help --today --csv --json" ;;
+    "ae") echo "status employees scheme-changed letters check-templates --help --today --csv --json" ;;
+    "ae status") echo "--up-to --year --employee --help --today --csv --json" ;;
+    "ae employees") echo "--full --help --today --csv --json" ;;
+    "ae scheme-changed") echo "--scheme --re-enrolment --help --today --csv --json" ;;
+    "ae letters") echo "--type --out --employee --templates --help --today --csv --json" ;;
+    "ae check-templates") echo "--type --db --help --today --csv --json" ;;
+    "demo") echo "--company --database --help --today --csv --json" ;;
+  esac
+}
+
+# The values that an option of a command knows; "-" for an option with any other value, nothing for
+# a flag.
+_ledgerwick_values() {
+  case "$1 $2" in
+    *" --today") echo "-" ;;
+    "new --year") echo "-" ;;
+    "calendar --start-day") echo "-" ;;
+    "rows --year") echo "-" ;;
+    "due --up-to") echo "-" ;;
+    "run open --pay-date") echo "-" ;;
+    "run open --frequency") echo "weekly fortnightly four-weekly monthly quarterly half-yearly yearly casual all" ;;
+    "run open --group") echo "-" ;;
+    "run open --employee") echo "-" ;;
+    "run show --pay-date") echo "-" ;;
+    "run show --frequency") echo "weekly fortnightly four-weekly monthly quarterly half-yearly yearly casual all" ;;
+    "run show --group") echo "-" ;;
+    "run show --employee") echo "-" ;;
+    "run close --pay-date") echo "-" ;;
+    "run close --frequency") echo "weekly fortnightly four-weekly monthly quarterly half-yearly yearly casual all" ;;
+    "run close --group") echo "-" ;;
+    "run close --employee") echo "-" ;;
+    "employment add --employee") echo "-" ;;
+    "employment add --start") echo "-" ;;
+    "employment add --ae-status") echo "-" ;;
+    "employment add --first-pay") echo "-" ;;
+    "employment add --first-period-end") echo "-" ;;
+    "employment add --form") echo "left p38s p45-1 p45-3 p46" ;;
+    "employment add --declared") echo "-" ;;
+    "employment add --previous-reference") echo "-" ;;
+    "employment add --previous-left") echo "-" ;;
+    "employment add --previous-tax-code") echo "-" ;;
+    "employment add --previous-week") echo "-" ;;
+    "employment add --previous-gross") echo "-" ;;
+    "employment add --previous-tax") echo "-" ;;
+    "employment add --text") echo "-" ;;
+    "employment next --employee") echo "-" ;;
+    "employment next --pay") echo "-" ;;
+    "employment next --period-end") echo "-" ;;
+    "ae status --up-to") echo "-" ;;
+    "ae status --year") echo "-" ;;
+    "ae status --employee") echo "-" ;;
+    "ae scheme-changed --scheme") echo "-" ;;
+    "ae scheme-changed --re-enrolment") echo "-" ;;
+    "ae letters --type") echo "enrolment postponement not-eligible re-enrolment attachment" ;;
+    "ae letters --out") echo "-" ;;
+    "ae letters --employee") echo "-" ;;
+    "ae letters --templates") echo "-" ;;
+    "ae check-templates --type") echo "enrolment postponement not-eligible re-enrolment attachment" ;;
+    "ae check-templates --db") echo "-" ;;
+    "demo --company") echo "-" ;;
+    "demo --database") echo "-" ;;
+  esac
+}
+
+_ledgerwick() {
+  local current="${COMP_WORDS[COMP_CWORD]}" at="" i word values words=""
+  for ((i = 1; i < COMP_CWORD; i++)); do
+    word="${COMP_WORDS[i]}"
+    if [[ "$word" == -* ]]; then
+      [[ -n "$(_ledgerwick_values "$at" "$word")" ]] && ((i++))
+    elif [[ " $(_ledgerwick_words "$at") " == *" $word "* ]]; then
+      at="${at:+$at }$word"
+    fi
+  done
+  # The loop has gone past the end when the word in hand is an option's value.
+  ((i > COMP_CWORD)) && values="$(_ledgerwick_values "$at" "${COMP_WORDS[COMP_CWORD - 1]}")"
+  if [[ -z "$values" ]]; then
+    for word in $(_ledgerwick_words "$at"); do
+      [[ "$word" != -* || "$current" == -* ]] && words+=" $word"
+    done
+    [[ -z "$words" ]] && values=-
+  fi
+  if [[ "$values" == - ]]; then
+    mapfile -t COMPREPLY < <(compgen -f -- "$current")
+  else
+    mapfile -t COMPREPLY < <(compgen -W "$words$values" -- "$current")
+  fi
+}
+complete -o filenames -F _ledgerwick ledgerwick
