@@ -1,0 +1,66 @@
+# The Debian packages, one of each component; packaging/build-deb makes them.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME ledgerwick)
+set(CPACK_PACKAGE_VENDOR "Ledgerwick developers")
+set(CPACK_PACKAGE_CONTACT "Ledgerwick developers <developers@ledgerwick.invalid>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_COMPONENTS_ALL Runtime Development)
+if(TARGET ledgerwick_command)
+  list(APPEND CPACK_COMPONENTS_ALL Command)
+endif()
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+# What a package's programs need is read out of them; those of this project are in the build.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(same_version "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libledgerwick${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
+    "UK payroll object library
+ Ledgerwick is a payroll object library that an accounts suite loads
+ in-process. It loads employees with their employments, knows the UK tax
+ calendar, opens and closes pay runs, and produces the tables and letters
+ of pension auto-enrolment.
+ .
+ This package holds the shared libraries: the component, the ready-made
+ host layer on SQLite, and the data-access object that the component loads.")
+# The linker's own cache is brought up to date, as for every shared library.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libledgerwick-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+    "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
+    "UK payroll object library: headers
+ Ledgerwick is a payroll object library that an accounts suite loads
+ in-process.
+ .
+ This package holds what building a host needs: the headers, the CMake
+ package and the pkg-config files.")
+
+set(CPACK_DEBIAN_COMMAND_PACKAGE_NAME ledgerwick)
+set(CPACK_DEBIAN_COMMAND_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}")
+set(CPACK_DEBIAN_COMMAND_DESCRIPTION
+    "UK payroll from the command line
+ The command ledgerwick runs a payroll database with the library of the
+ same name: it imports a company from CSV, tells which pay dates fall due,
+ opens and closes pay runs, and writes the tables and letters of pension
+ auto-enrolment.
+ .
+ A sample company, the database's schema, the man page and completions for
+ bash and zsh are included.")
+
+# Man pages are compressed, and every package gets its copyright and its changelog.
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/DebianFiles.cmake)
+set(CPACK_LEDGERWICK_SOURCE ${PROJECT_SOURCE_DIR})
+include(CPack)
