@@ -213,6 +213,13 @@ std::string usageOf(const Command& command) {
 constexpr const char* bashHead =
     R"sh(# Completion of ledgerwick for bash; made by scripts/command-docs --update.
 
+# The options that may stand behind every command.
+_ledgerwick_options() {
+  echo ")sh";
+
+constexpr const char* bashWords = R"sh("
+}
+
 # The commands and options that may stand behind a command.
 _ledgerwick_words() {
   case "$1" in
@@ -291,6 +298,7 @@ _ledgerwick() {
     fi
   done
   _ledgerwick_known "$at"
+  [[ -n "$at" ]] && _ledgerwick_known options
   # The loop has gone past the end when the word in hand is an option's value.
   reply=()
   ((i > CURRENT)) && _ledgerwick_values "$at" "${words[CURRENT - 1]}"
@@ -310,15 +318,11 @@ _ledgerwick() {
 _ledgerwick "$@"
 )sh";
 
-// The options of a command and those of the program, which may stand behind every command.
-std::vector<const CLI::Option*> optionsAt(const Command& command, const CLI::App& root) {
-    std::vector<const CLI::Option*> options;
-    for (const CLI::Option* option : optionsOf(*command.app)) {
-        if (!isPositional(*option)) options.push_back(option);
-    }
-    if (command.app == &root) return options;
-    const auto everywhere = optionsOf(root);
-    options.insert(options.end(), everywhere.begin(), everywhere.end());
+// The flags of a command itself; those of the program may stand behind every command and are written
+// once.
+std::vector<const CLI::Option*> flaggedOf(const CLI::App& app) {
+    auto options = optionsOf(app);
+    std::erase_if(options, [](const CLI::Option* option) { return isPositional(*option); });
     return options;
 }
 
@@ -361,13 +365,18 @@ void writeManPage(const CLI::App& root, std::ostream& out) {
 
 void writeBashCompletion(const CLI::App& root, std::ostream& out) {
     const auto commands = commandsOf(root);
-    out << bashHead;
+    std::vector<std::string> everywhere;
+    for (const CLI::Option* option : flaggedOf(root)) {
+        everywhere.push_back("--" + option->get_lnames().at(0));
+    }
+    out << bashHead << joined(everywhere, " ") << bashWords;
     for (const auto& command : commands) {
         std::vector<std::string> words;
         for (const CLI::App* child : command.children) words.push_back(child->get_name());
-        for (const CLI::Option* option : optionsAt(command, root)) {
+        for (const CLI::Option* option : flaggedOf(*command.app)) {
             words.push_back("--" + option->get_lnames().at(0));
         }
+        if (!command.path.empty()) words.emplace_back("$(_ledgerwick_options)");
         out << "    \"" << command.path << "\") echo \"" << joined(words, " ") << "\" ;;\n";
     }
     out << bashValues;
@@ -377,6 +386,13 @@ void writeBashCompletion(const CLI::App& root, std::ostream& out) {
 
 void writeZshCompletion(const CLI::App& root, std::ostream& out) {
     const auto commands = commandsOf(root);
+    const auto writeFlags = [&out](const CLI::App& app) {
+        for (const CLI::Option* option : flaggedOf(app)) {
+            out << "\n        "
+                << zshEntry("--" + option->get_lnames().at(0), option->get_description());
+        }
+        out << ") ;;\n";
+    };
     out << zshHead;
     for (const auto& command : commands) {
         out << "    \"" << command.path << "\")\n      subcommands=(";
@@ -384,12 +400,10 @@ void writeZshCompletion(const CLI::App& root, std::ostream& out) {
             out << "\n        " << zshEntry(child->get_name(), child->get_description());
         }
         out << ")\n      flags=(";
-        for (const CLI::Option* option : optionsAt(command, root)) {
-            out << "\n        "
-                << zshEntry("--" + option->get_lnames().at(0), option->get_description());
-        }
-        out << ") ;;\n";
+        writeFlags(*command.app);
     }
+    out << "    options)\n      flags+=(";  // what may stand behind every command
+    writeFlags(root);
     out << zshValues;
     writeValueCases(commands, out, "reply=(", ")");
     out << zshFoot;

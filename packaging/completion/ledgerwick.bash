@@ -1,32 +1,37 @@
 # Completion of ledgerwick for bash; made by scripts/command-docs --update.
 
+# The options that may stand behind every command.
+_ledgerwick_options() {
+  echo "--help --today --csv --json --durability"
+}
+
 # The commands and options that may stand behind a command.
 _ledgerwick_words() {
   case "$1" in
-    "") echo "new import export calendar employees employee rows due run fill employment ae demo --help --today --csv --json" ;;
-    "new") echo "--year --help --today --csv --json" ;;
-    "import") echo "--help --today --csv --json" ;;
-    "export") echo "--help --today --csv --json" ;;
-    "calendar") echo "--start-day --help --today --csv --json" ;;
-    "employees") echo "--help --today --csv --json" ;;
-    "employee") echo "--help --today --csv --json" ;;
-    "rows") echo "--year --help --today --csv --json" ;;
-    "due") echo "--up-to --help --today --csv --json" ;;
-    "run") echo "open show close --help --today --csv --json" ;;
-    "run open") echo "--pay-date --frequency --group --employee --help --today --csv --json" ;;
-    "run show") echo "--pay-date --frequency --group --employee --help --today --csv --json" ;;
-    "run close") echo "--pay-date --frequency --group --employee --help --today --csv --json" ;;
-    "fill") echo "--help --today --csv --json" ;;
-    "employment") echo "add next --help --today --csv --json" ;;
-    "employment add") echo "--employee --start --casual --continuation --ae-status --first-pay --first-period-end --form --declared --previous-reference --previous-left --previous-tax-code --previous-week --previous-gross --previous-tax --text --help --today --csv --json" ;;
-    "employment next") echo "--employee --pay --period-end --help --today --csv --json" ;;
-    "ae") echo "status employees scheme-changed letters check-templates --help --today --csv --json" ;;
-    "ae status") echo "--up-to --year --employee --help --today --csv --json" ;;
-    "ae employees") echo "--full --help --today --csv --json" ;;
-    "ae scheme-changed") echo "--scheme --re-enrolment --help --today --csv --json" ;;
-    "ae letters") echo "--type --out --employee --templates --help --today --csv --json" ;;
-    "ae check-templates") echo "--type --db --help --today --csv --json" ;;
-    "demo") echo "--company --database --help --today --csv --json" ;;
+    "") echo "new import export calendar employees employee rows due run fill employment ae demo --help --today --csv --json --durability" ;;
+    "new") echo "--year $(_ledgerwick_options)" ;;
+    "import") echo "$(_ledgerwick_options)" ;;
+    "export") echo "$(_ledgerwick_options)" ;;
+    "calendar") echo "--start-day $(_ledgerwick_options)" ;;
+    "employees") echo "$(_ledgerwick_options)" ;;
+    "employee") echo "$(_ledgerwick_options)" ;;
+    "rows") echo "--year $(_ledgerwick_options)" ;;
+    "due") echo "--up-to $(_ledgerwick_options)" ;;
+    "run") echo "open show close $(_ledgerwick_options)" ;;
+    "run open") echo "--pay-date --frequency --group --employee $(_ledgerwick_options)" ;;
+    "run show") echo "--pay-date --frequency --group --employee $(_ledgerwick_options)" ;;
+    "run close") echo "--pay-date --frequency --group --employee $(_ledgerwick_options)" ;;
+    "fill") echo "$(_ledgerwick_options)" ;;
+    "employment") echo "add next $(_ledgerwick_options)" ;;
+    "employment add") echo "--employee --start --casual --continuation --ae-status --first-pay --first-period-end --form --declared --previous-reference --previous-left --previous-tax-code --previous-week --previous-gross --previous-tax --text $(_ledgerwick_options)" ;;
+    "employment next") echo "--employee --pay --period-end $(_ledgerwick_options)" ;;
+    "ae") echo "status employees scheme-changed letters check-templates $(_ledgerwick_options)" ;;
+    "ae status") echo "--up-to --year --employee $(_ledgerwick_options)" ;;
+    "ae employees") echo "--full $(_ledgerwick_options)" ;;
+    "ae scheme-changed") echo "--scheme --re-enrolment $(_ledgerwick_options)" ;;
+    "ae letters") echo "--type --out --employee --templates $(_ledgerwick_options)" ;;
+    "ae check-templates") echo "--type --db $(_ledgerwick_options)" ;;
+    "demo") echo "--company --database $(_ledgerwick_options)" ;;
   esac
 }
 
@@ -35,6 +40,7 @@ _ledgerwick_words() {
 _ledgerwick_values() {
   case "$1 $2" in
     *" --today") echo "-" ;;
+    *" --durability") echo "each-update batched relaxed" ;;
     "new --year") echo "-" ;;
     "calendar --start-day") echo "-" ;;
     "rows --year") echo "-" ;;
@@ -85,7 +91,7 @@ _ledgerwick_values() {
 }
 
 _ledgerwick() {
-  local current="${COMP_WORDS[COMP_CWORD]}" at="" i word values words=""
+  local current="${COMP_WORDS[COMP_CWORD]}" at="" i word values="" words=""
   for ((i = 1; i < COMP_CWORD; i++)); do
     word="${COMP_WORDS[i]}"
     if [[ "$word" == -* ]]; then
