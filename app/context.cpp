@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "hostkit/office/company.h"
+#include "hostkit/recording/recording_database.h"
 #include "hostkit/services/terminal_label.h"
 #include "ledgerwick/values/text.h"
 
@@ -33,40 +34,52 @@ Date dayOfClock() {
     return Date::fromYmd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
 }
 
-std::unique_ptr<HostSession> openUnloaded(const Context& context, const std::string& path,
-                                          const std::string& programPath) {
-    if (!std::filesystem::exists(path)) throw Refusal("there is no database " + path);
-    HostSettings settings;
-    settings.programPath = programPath;
-    settings.messages = [&err = context.err](const std::string& caption, const std::string& text) {
-        err << caption << ": " << text << '\n';
-    };
-    const auto database = sqlite::SqliteDatabase::open(path, {.durability = context.durability});
-    return std::make_unique<HostSession>(database, context.today(), std::move(settings));
-}
-
 }  // namespace
 
 Date Context::today() const {
     return fixedToday ? *fixedToday : dayOfClock();
 }
 
+std::shared_ptr<sqlite::SqliteDatabase> openFile(const Context& context, const std::string& path) {
+    if (!std::filesystem::exists(path)) throw Refusal("there is no database " + path);
+    return sqlite::SqliteDatabase::open(path, {.durability = context.durability});
+}
+
+std::unique_ptr<HostSession> sessionOn(const Context& context, std::shared_ptr<Database> database,
+                                       const std::string& programPath) {
+    HostSettings settings;
+    settings.programPath = programPath;
+    settings.messages = [&err = context.err](const std::string& caption, const std::string& text) {
+        err << caption << ": " << text << '\n';
+    };
+    return std::make_unique<HostSession>(std::move(database), context.today(), std::move(settings));
+}
+
 std::unique_ptr<HostSession> openCompany(const Context& context, const std::string& path,
                                          const std::string& programPath) {
-    auto session = openUnloaded(context, path, programPath);
-    session->list().LoadEmployees(std::make_shared<TerminalLabel>());
-    return session;
+    return loadCompany(context, openFile(context, path), programPath);
 }
 
 std::unique_ptr<HostSession> openCompanyOfNewcomers(const Context& context,
                                                     const std::string& path) {
-    auto session = openUnloaded(context, path, {});
+    auto session = sessionOn(context, openFile(context, path));
     office::loadEmployed(*session, std::make_shared<TerminalLabel>());
     return session;
 }
 
+std::unique_ptr<HostSession> loadCompany(const Context& context, std::shared_ptr<Database> database,
+                                         const std::string& programPath) {
+    auto session = sessionOn(context, std::move(database), programPath);
+    session->list().LoadEmployees(std::make_shared<TerminalLabel>());
+    return session;
+}
+
 sqlite::SqliteDatabase& storeOf(HostSession& session) {
-    return dynamic_cast<sqlite::SqliteDatabase&>(session.database());
+    Database* database = &session.database();
+    if (auto* const recording = dynamic_cast<RecordingDatabase*>(database)) {
+        database = &recording->recorded();
+    }
+    return dynamic_cast<sqlite::SqliteDatabase&>(*database);
 }
 
 std::shared_ptr<cEmployee> employeeOf(HostSession& session, std::int32_t naid) {

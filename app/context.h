@@ -60,6 +60,18 @@ std::unique_ptr<HostSession> openCompany(const Context& context, const std::stri
 std::unique_ptr<HostSession> openCompanyOfNewcomers(const Context& context,
                                                     const std::string& path);
 
+// The same on a file that is open already, or on a layer over it.
+std::unique_ptr<HostSession> loadCompany(const Context& context, std::shared_ptr<Database> database,
+                                         const std::string& programPath = {});
+
+// The file of a company.
+// Errors: Refusal when there is none.
+std::shared_ptr<sqlite::SqliteDatabase> openFile(const Context& context, const std::string& path);
+
+// A session in which nobody is loaded yet.
+std::unique_ptr<HostSession> sessionOn(const Context& context, std::shared_ptr<Database> database,
+                                       const std::string& programPath = {});
+
 // The file behind a session, for a step of the host that is stored whole or not at all.
 sqlite::SqliteDatabase& storeOf(HostSession& session);
 

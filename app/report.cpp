@@ -169,6 +169,17 @@ Table& Report::table(Table filled) {
     return tables_.back();
 }
 
+Table& Report::dataTable(std::string name, std::vector<std::string> columns) {
+    tables_.emplace_back(std::move(name), std::move(columns));
+    return tables_.back();
+}
+
+void Report::sayAll(const Report& other) {
+    for (const Piece& piece : other.pieces_) {
+        if (piece.table == nullptr) say(piece.sentence);
+    }
+}
+
 void Report::showRows(std::size_t most) {
     for (Table& table : tables_) table.showRows(most);
 }

@@ -60,6 +60,11 @@ class Report {
     Table& table(std::string name, std::vector<std::string> columns);
     Table& table(Table filled);
 
+    // A table for programs alone, to be called before those that people see.
+    Table& dataTable(std::string name, std::vector<std::string> columns);
+    // Says what another report says in sentences.
+    void sayAll(const Report& other);
+
     // Lets people see only the first rows of each table.
     void showRows(std::size_t most);
 

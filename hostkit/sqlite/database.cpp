@@ -5,6 +5,7 @@
 #include "hostkit/sqlite/connection.h"
 #include "hostkit/sqlite/recordset.h"
 #include "hostkit/sqlite/schema_sql.h"
+#include "ledgerwick/values/error.h"
 
 namespace ledgerwick::sqlite {
 
@@ -87,6 +88,19 @@ void SqliteDatabase::BeginBatch() {
 }
 void SqliteDatabase::EndBatch() {
     connection_->endBatch();
+}
+
+// Pages that do not fit into the cache would be written to the log before the end.
+SqliteDatabase::Rehearsal::Rehearsal(SqliteDatabase& database)
+    : database_(database),
+      outermost_((database.exec("PRAGMA cache_spill = OFF"), database.beginTransaction())) {}
+
+SqliteDatabase::Rehearsal::~Rehearsal() {
+    database_.rollBack(outermost_);
+    try {
+        database_.exec("PRAGMA cache_spill = ON");
+    } catch (const Error&) {  // the cache then stays as it is
+    }
 }
 
 bool SqliteDatabase::beginTransaction() {

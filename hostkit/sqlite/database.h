@@ -75,6 +75,15 @@ class LEDGERWICK_HOSTKIT_API SqliteDatabase final : public Database {
         }
     }
 
+    // Runs `work` in a transaction and takes all of its writes back, whether it throws or not. Until
+    // then they stay in memory: the file is not written and its readers are not held up, while
+    // another writer waits.
+    template <class Work>
+    void rehearse(Work&& work) {
+        const Rehearsal rehearsal(*this);
+        work();
+    }
+
     RecordsetRef OpenRecordset(std::string_view sql, RecordsetType type,
                                FieldList reads = {}) override;
     void Execute(std::string_view sql, std::int32_t option) override;
@@ -88,6 +97,18 @@ class LEDGERWICK_HOSTKIT_API SqliteDatabase final : public Database {
     explicit SqliteDatabase(std::shared_ptr<Connection> connection);
 
   private:
+    class LEDGERWICK_HOSTKIT_API Rehearsal {
+      public:
+        explicit Rehearsal(SqliteDatabase& database);
+        ~Rehearsal();
+        Rehearsal(const Rehearsal&) = delete;
+        Rehearsal& operator=(const Rehearsal&) = delete;
+
+      private:
+        SqliteDatabase& database_;
+        bool outermost_;
+    };
+
     bool beginTransaction();
     void commit(bool outermost);
     void rollBack(bool outermost) noexcept;
