@@ -25,7 +25,8 @@ constexpr const char* footer = R"(Exit codes:
   2  the command line cannot be understood
   3  a file to import holds a fault, and nothing of that import was stored; or a
      template does
-  4  there is no such employee or database, or it is not in a state for this)";
+  4  there is no such employee or database, or it is not in a state for this
+  5  an audit found something)";
 
 // The letters of the name are the form: `--csv`, `--json`.
 void addFormats(CLI::App& app, Context& context) {
@@ -108,6 +109,7 @@ int runCommandLine(std::vector<std::string> arguments, std::ostream& out, std::o
     addRunCommands(app, context);
     addEmploymentCommands(app, context);
     addAutoEnrolCommands(app, context);
+    addAuditCommand(app, context);
     addDemoCommand(app, context);
     addDescribeCommand(app, context);
     std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the end

@@ -12,9 +12,10 @@ struct Context;
 
 void addCompanyCommands(CLI::App& app, Context& context);  // new, import, export
 void addQueryCommands(CLI::App& app, Context& context);  // calendar, employees, employee, rows, due
-void addRunCommands(CLI::App& app, Context& context);    // run open, show, close; fill
+void addRunCommands(CLI::App& app, Context& context);    // run open, show, close, plan; fill
 void addEmploymentCommands(CLI::App& app, Context& context);  // employment add, next
 void addAutoEnrolCommands(CLI::App& app, Context& context);   // ae ...
+void addAuditCommand(CLI::App& app, Context& context);        // audit
 void addDemoCommand(CLI::App& app, Context& context);         // demo
 void addDescribeCommand(CLI::App& app, Context& context);     // describe, not shown in the help
 

@@ -19,10 +19,11 @@ namespace ledgerwick::app {
 // How the program ends.
 enum ExitCode : int {
     exitDone = 0,
-    exitError = 1,    // the library, the database or a file failed
-    exitUsage = 2,    // the command line cannot be understood
-    exitBadFile = 3,  // a file to import, or a template, holds a fault
-    exitRefused = 4,  // there is no such employee or database, or it is not in a state for this
+    exitError = 1,     // the library, the database or a file failed
+    exitUsage = 2,     // the command line cannot be understood
+    exitBadFile = 3,   // a file to import, or a template, holds a fault
+    exitRefused = 4,   // there is no such employee or database, or it is not in a state for this
+    exitFindings = 5,  // an audit found something
 };
 
 // A command that cannot do what was asked, told in one sentence.

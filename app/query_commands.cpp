@@ -4,6 +4,8 @@
 #include "app/commands.h"
 #include "app/options.h"
 #include "app/pay_run.h"
+#include "hostkit/history/as_of.h"
+#include "hostkit/history/figures.h"
 #include "ledgerwick/values/format.h"
 #include "ledgerwick/values/text.h"
 
@@ -118,7 +120,39 @@ void addEmployments(cEmployee& employee, Report& report) {
     }
 }
 
+// What the pay rows say, and which row says it. A figure that no row has touched is left out.
+void addFigures(cEmployee& employee, Report& report) {
+    Table& table = report.table("figures", {"prtid", "payroll_year", "count", "figure", "value",
+                                            "prpid", "pay_date", "week"});
+    for (const auto& [employment, figures] : history::figuresOf(employee)) {
+        for (const history::Figure& figure : figures) {
+            if (figure.source.prpid == 0) continue;
+            table.add({employment->PRTID(), employment->PayrollYear(), employment->EmployCount(),
+                       figure.name, figure.value, figure.source.prpid, figure.source.payDate,
+                       figure.source.week});
+        }
+    }
+}
+
+void runEmployeeAsOf(const Context& context, const QueryOptions& options) {
+    const auto file = openFile(context, options.database);
+    history::showAsOf(*file, options.date);
+    const auto session = sessionOn(context, file);
+    session->list().ReLoadEmployee(options.naid);
+    const auto employee = employeeOf(*session, options.naid);
+    Report report;
+    report.say(employee->Name() + " as of " + options.date.toIso() + ": " + stateOf(*employee));
+    report.fact("naid", employee->NAID());
+    report.fact("name", employee->Name());
+    report.fact("as_of", options.date);
+    report.fact("state", stateOf(*employee));
+    addEmployments(*employee, report);
+    addFigures(*employee, report);
+    context.show(report);
+}
+
 void runEmployee(const Context& context, const QueryOptions& options) {
+    if (options.date.isSet()) return runEmployeeAsOf(context, options);
     const auto session = openCompany(context, options.database);
     const auto employee = employeeOf(*session, options.naid);
     Report report;
@@ -188,6 +222,8 @@ void addQueryCommands(CLI::App& app, Context& context) {
     auto* employee = app.add_subcommand("employee", "One employee with every employment");
     addDatabase(*employee, options->database);
     employee->add_option("NAID", options->naid, "The number of the employee")->required();
+    addDate(*employee, "--as-of", options->date,
+            "By the rows paid up to this day alone, with the row behind each figure");
     choose(employee, runEmployee);
 
     auto* rows = app.add_subcommand("rows", "The pay rows of one employee in a payroll year");

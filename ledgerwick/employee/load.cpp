@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/employee/load_steps.h"
 #include "ledgerwick/employee/pr_reports.h"
 #include "ledgerwick/shell/dll_global.h"
 #include "ledgerwick/shell/schema.h"
@@ -69,26 +70,8 @@ constexpr Binding employeeBindings[] = {
     // clang-format on
 };
 
-void fillEmployee(cEmployee& employee, Recordset& rs) {
-    for (const Binding& binding : employeeBindings)
-        binding.fill(employee, FieldValue{rs, binding.field});
-    employee.UpdateWorkplacePensionDetails(rs);
-}
-
 void append(std::vector<FieldName>& fields, FieldList more) {
     fields.insert(fields.end(), more.begin(), more.end());
-}
-
-// What the load reads of a joined row, for a layer that leaves the rest undecoded.
-const std::vector<FieldName>& employeeFields() {
-    static const std::vector<FieldName> fields = [] {
-        std::vector<FieldName> all{field::PREOriginallyJoined};
-        for (const Binding& binding : employeeBindings) all.push_back(binding.field);
-        append(all, cEmployee::workplacePensionFields());
-        append(all, cEmployment::employmentFields());
-        return all;
-    }();
-    return fields;
 }
 
 // ---- how neighbouring employments hang together -------------------------------------------------
@@ -148,7 +131,28 @@ bool isRowOf(std::int32_t naid, Recordset& rs) {
     return !rs.IsNull(field::NAID) && rs.GetInt32(field::NAID) == naid;
 }
 
-Date earliestStart() {
+}  // namespace
+
+// ---- the steps ----------------------------------------------------------------------------------
+
+FieldList load::employeeFields() {
+    static const std::vector<FieldName> fields = [] {
+        std::vector<FieldName> all{field::PREOriginallyJoined};
+        for (const Binding& binding : employeeBindings) all.push_back(binding.field);
+        append(all, cEmployee::workplacePensionFields());
+        append(all, cEmployment::employmentFields());
+        return all;
+    }();
+    return fields;
+}
+
+void load::fillEmployee(cEmployee& employee, Recordset& rs) {
+    for (const Binding& binding : employeeBindings)
+        binding.fill(employee, FieldValue{rs, binding.field});
+    employee.UpdateWorkplacePensionDetails(rs);
+}
+
+Date load::earliestStart() {
     const RecordsetRef rs = DLLGlobal::g().DBDll().OpenRecordset(
         "SELECT min(PRTStartDate) AS MinStart FROM PREmployments", RecordsetType::Snapshot);
     const Date earliest = rs->GetDate(field::MinStart);
@@ -156,7 +160,17 @@ Date earliestStart() {
     return earliest;
 }
 
-}  // namespace
+std::shared_ptr<cEmployment> load::addEmploymentRow(cEmployee& employee,
+                                                    const std::shared_ptr<cEmployment>& prev,
+                                                    Date minStart, Recordset& rs) {
+    auto employment = employee.AddEmployment(rs);
+    if (prev) {
+        followEmployment(*prev, *employment);
+    } else {
+        startFirstEmployment(*employment, minStart, rs);
+    }
+    return employment;
+}
 
 // ---- the two loads ------------------------------------------------------------------------------
 
@@ -167,13 +181,13 @@ bool CEmployeeList::LoadEmployees(const ObjectRef& lblProgress) {
         label_ = std::move(label);
     }
     showProgress("Loading Employees......");
-    LoadFromRecordset(0, OpenEmployeesRS(0, employeeFields()));
+    LoadFromRecordset(0, OpenEmployeesRS(0, load::employeeFields()));
     return false;
 }
 
 bool CEmployeeList::ReLoadEmployee(std::int32_t lNAID) {
     RemoveEmployee(lNAID);
-    LoadFromRecordset(lNAID, OpenEmployeesRS(lNAID, employeeFields()));
+    LoadFromRecordset(lNAID, OpenEmployeesRS(lNAID, load::employeeFields()));
     return false;
 }
 
@@ -194,23 +208,17 @@ void CEmployeeList::LoadFromRecordset(std::int32_t lNAID, RecordsetRef rs) {
 
 // Leaves `rs` on the last row of the employee.
 void CEmployeeList::LoadEmployeeRows(Recordset& rs) {
-    if (rs.AbsolutePosition() == 0) minStart_ = earliestStart();
+    if (rs.AbsolutePosition() == 0) minStart_ = load::earliestStart();
 
     const std::int32_t naid = rs.GetInt32(field::NAID);
     unfilled_.push_back(naid);
     const auto employee = ExistsByNAID(naid) ? GetEmployeeByNAID(naid) : CreateEmployee(rs);
     std::shared_ptr<cEmployment> prev;
     for (; !rs.Eof() && isRowOf(naid, rs); rs.MoveNext()) {
-        auto employment = employee->AddEmployment(rs);
-        if (prev) {
-            followEmployment(*prev, *employment);
-        } else {
-            startFirstEmployment(*employment, minStart_, rs);
-        }
-        prev = std::move(employment);
+        prev = load::addEmploymentRow(*employee, prev, minStart_, rs);
     }
     rs.MovePrevious();
-    fillEmployee(*employee, rs);
+    load::fillEmployee(*employee, rs);
     unfilled_.pop_back();
 }
 

@@ -1,0 +1,31 @@
+// The steps of a load one by one, for somebody who takes them without stopping at the first fault.
+// `CEmployeeList::LoadEmployees` is made of them.
+#pragma once
+
+#include <memory>
+
+#include "ledgerwick/employee/employee.h"
+#include "ledgerwick/export.h"
+#include "ledgerwick/shell/record_access.h"
+
+namespace ledgerwick::load {
+
+// Every field that a load reads of a joined row of `OpenEmployeesRS`.
+LEDGERWICK_API FieldList employeeFields();
+
+// The earliest start of an employment in the store.
+// Errors: 94 when there is none.
+LEDGERWICK_API Date earliestStart();
+
+// Adds the employment of the row behind `prev`, the employee's employment before it or an empty
+// reference, and works out how it follows from that one.
+// Errors: those of `cEmployee::AddEmployment` and of reading a field; the employment is then added.
+LEDGERWICK_API std::shared_ptr<cEmployment> addEmploymentRow(
+    cEmployee& employee, const std::shared_ptr<cEmployment>& prev, Date minStart, Recordset& rs);
+
+// Fills the employee from the last of its rows.
+// Errors: those of reading a field, with the field's name as the source; what came before it stays
+//         changed.
+LEDGERWICK_API void fillEmployee(cEmployee& employee, Recordset& rs);
+
+}  // namespace ledgerwick::load
