@@ -26,9 +26,11 @@ std::int32_t ledgerwick_tax_date(ledgerwick_date date, std::int32_t* payroll_yea
     return call(error, [&] {
         CPayrollFunctions payroll;
         const Date day = dateNeeded(date, here);
-        give(payroll_year, payroll.PR_TaxYearNo(day));
-        give(week, payroll.C_CalcTaxWeek(day));
+        const std::int32_t yearOfDay = payroll.PR_TaxYearNo(day);
+        const std::int32_t weekOfDay = payroll.C_CalcTaxWeek(day);
         give(month, payroll.C_CalcTaxMonth(day));
+        give(week, weekOfDay);
+        give(payroll_year, yearOfDay);
     });
 }
 

@@ -212,8 +212,10 @@ std::int32_t ledgerwick_employment_add(ledgerwick_session* session, std::int32_t
         details.aeStatus = textIn(ae_status, here, "");
         details.firstPay = dateIn(first_pay, here);
         details.firstPeriodEnd = dateIn(first_period_end, here);
+        std::int32_t added = 0;
         company.database().inTransaction(
-            [&] { give(prtid, office::addEmployment(company.host(), details)->PRTID()); });
+            [&] { added = office::addEmployment(company.host(), details)->PRTID(); });
+        give(prtid, added);
     });
 }
 
