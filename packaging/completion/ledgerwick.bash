@@ -8,19 +8,20 @@ _ledgerwick_options() {
 # The commands and options that may stand behind a command.
 _ledgerwick_words() {
   case "$1" in
-    "") echo "new import export calendar employees employee rows due run fill employment ae demo --help --today --csv --json --durability" ;;
+    "") echo "new import export calendar employees employee rows due run fill employment ae audit demo --help --today --csv --json --durability" ;;
     "new") echo "--year $(_ledgerwick_options)" ;;
     "import") echo "$(_ledgerwick_options)" ;;
     "export") echo "$(_ledgerwick_options)" ;;
     "calendar") echo "--start-day $(_ledgerwick_options)" ;;
     "employees") echo "$(_ledgerwick_options)" ;;
-    "employee") echo "$(_ledgerwick_options)" ;;
+    "employee") echo "--as-of $(_ledgerwick_options)" ;;
     "rows") echo "--year $(_ledgerwick_options)" ;;
     "due") echo "--up-to $(_ledgerwick_options)" ;;
-    "run") echo "open show close $(_ledgerwick_options)" ;;
+    "run") echo "open show close plan $(_ledgerwick_options)" ;;
     "run open") echo "--pay-date --frequency --group --employee $(_ledgerwick_options)" ;;
     "run show") echo "--pay-date --frequency --group --employee $(_ledgerwick_options)" ;;
     "run close") echo "--pay-date --frequency --group --employee $(_ledgerwick_options)" ;;
+    "run plan") echo "--pay-date --frequency --group --employee $(_ledgerwick_options)" ;;
     "fill") echo "$(_ledgerwick_options)" ;;
     "employment") echo "add next $(_ledgerwick_options)" ;;
     "employment add") echo "--employee --start --casual --continuation --ae-status --first-pay --first-period-end --form --declared --previous-reference --previous-left --previous-tax-code --previous-week --previous-gross --previous-tax --text $(_ledgerwick_options)" ;;
@@ -31,6 +32,7 @@ _ledgerwick_words() {
     "ae scheme-changed") echo "--scheme --re-enrolment $(_ledgerwick_options)" ;;
     "ae letters") echo "--type --out --employee --templates $(_ledgerwick_options)" ;;
     "ae check-templates") echo "--type --db $(_ledgerwick_options)" ;;
+    "audit") echo "$(_ledgerwick_options)" ;;
     "demo") echo "--company --database $(_ledgerwick_options)" ;;
   esac
 }
@@ -43,6 +45,7 @@ _ledgerwick_values() {
     *" --durability") echo "each-update batched relaxed" ;;
     "new --year") echo "-" ;;
     "calendar --start-day") echo "-" ;;
+    "employee --as-of") echo "-" ;;
     "rows --year") echo "-" ;;
     "due --up-to") echo "-" ;;
     "run open --pay-date") echo "-" ;;
@@ -57,6 +60,10 @@ _ledgerwick_values() {
     "run close --frequency") echo "weekly fortnightly four-weekly monthly quarterly half-yearly yearly casual all" ;;
     "run close --group") echo "-" ;;
     "run close --employee") echo "-" ;;
+    "run plan --pay-date") echo "-" ;;
+    "run plan --frequency") echo "weekly fortnightly four-weekly monthly quarterly half-yearly yearly casual all" ;;
+    "run plan --group") echo "-" ;;
+    "run plan --employee") echo "-" ;;
     "employment add --employee") echo "-" ;;
     "employment add --start") echo "-" ;;
     "employment add --ae-status") echo "-" ;;
