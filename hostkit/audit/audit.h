@@ -27,9 +27,9 @@ enum class Severity : std::uint8_t {
 
 // A kind of fault, and what to do about it.
 struct Kind {
-    std::string_view name;  // "gap"
-    Severity severity;
-    std::string_view advice;
+    std::string_view name;    // "gap"
+    Severity severity;        // how bad it is
+    std::string_view advice;  // what to do
 };
 
 // Every kind that there is.

@@ -14,10 +14,10 @@ namespace ledgerwick::audit {
 
 // A row as a finding names it.
 struct Place {
-    std::string table;
-    std::string key;
-    std::int32_t naid = 0;
-    std::string name{};
+    std::string table;      // the table of the row
+    std::string key;        // its key, as text
+    std::int32_t naid = 0;  // the employee, 0 for none
+    std::string name{};     // the employee's name
 };
 
 // A field that may hold anything, for one who only looks.
@@ -62,6 +62,7 @@ class Findings {
     void passOver(std::int32_t naid) { passedOver_.insert(naid); }
     bool isPassedOver(std::int32_t naid) const { return passedOver_.contains(naid); }
 
+    // Everything found so far, which is forgotten here.
     std::vector<Finding> takeAll();
 
   private:

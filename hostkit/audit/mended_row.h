@@ -18,9 +18,11 @@ class MendedRow : public ForwardingRecordset {
     using ForwardingRecordset::ForwardingRecordset;
     using ForwardingRecordset::Value;
 
+    // Counts a field of this row as mended.
     void mend(std::string_view field) { mended_.emplace_back(field); }
     // To be called on the next row.
     void forget() { mended_.clear(); }
+    // Whether the field was mended in this row.
     bool isMended(std::string_view field) const {
         return std::any_of(mended_.begin(), mended_.end(), [field](const std::string& each) {
             return equalsIgnoringCase(each, field);

@@ -16,19 +16,21 @@ namespace ledgerwick::history {
 // A pay row as far as one needs to find it.
 struct SourceRow {
     std::int32_t prpid = 0;  // 0 for no row
-    Date payDate;
-    std::int16_t week = 0;
+    Date payDate;            // when it was paid
+    std::int16_t week = 0;   // its tax week
 };
 
+// A figure of an employment with the row that it comes from.
 struct Figure {
     std::string_view name;  // "last_week"
-    Variant value;
-    SourceRow source;  // no row when the figure is as it began
+    Variant value;          // as the employment holds it
+    SourceRow source;       // no row when the figure is as it began
 };
 
+// The figures of one employment.
 struct EmploymentFigures {
-    std::shared_ptr<cEmployment> employment;
-    std::vector<Figure> figures;  // always the same ones, in the same order
+    std::shared_ptr<cEmployment> employment;  // whose figures they are
+    std::vector<Figure> figures;              // always the same ones, in the same order
 };
 
 // The figures of a loaded employee. The row behind a figure is the last one that gave it the value

@@ -25,10 +25,10 @@ namespace recording {
 // A table whose rows are followed: its key, whose row it is, and what is told of a row that goes.
 // The name of a key that is empty stands for a table without one.
 struct FollowedTable {
-    std::string_view name;
-    FieldName key;
-    FieldName owner;
-    std::vector<FieldName> content{};
+    std::string_view name;             // the table
+    FieldName key;                     // its key
+    FieldName owner;                   // the field of the employee
+    std::vector<FieldName> content{};  // what is told of a row that goes
 };
 
 enum class ChangeKind : std::uint8_t { Added, Changed, Removed };
@@ -41,10 +41,10 @@ struct FieldChange {
 
 // What became of one row over the whole recording.
 struct RowChange {
-    ChangeKind kind = ChangeKind::Changed;
-    std::string_view table;
-    Variant key;                      // Empty in a table without a key
-    std::int32_t naid = 0;            // whose row it is
+    ChangeKind kind = ChangeKind::Changed;  // what became of it
+    std::string_view table;                 // its table
+    Variant key;                            // Empty in a table without a key
+    std::int32_t naid = 0;                  // whose row it is
     std::vector<FieldChange> fields;  // those that differ at the end, in the order of the writing
 };
 

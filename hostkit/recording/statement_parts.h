@@ -15,9 +15,9 @@ struct StatementParts {
     std::string_view verb;  // SELECT, UPDATE, DELETE; anything else as it stands
     // Between SELECT and FROM.
     std::string_view columns;
-    // The table with its joins, and the first table of it.
+    // The table with its joins.
     std::string_view source;
-    std::string_view table;
+    std::string_view table;                  // the first of them
     std::vector<std::string_view> assigned;  // the fields of SET, without their table
     std::string_view condition;              // behind WHERE, with all that follows
 };
