@@ -105,8 +105,10 @@ int runCommandLine(std::vector<std::string> arguments, std::ostream& out, std::o
     addFormats(app, context);
     addDurability(app, context);
     addCompanyCommands(app, context);
+    addCalendarCommands(app, context);
     addQueryCommands(app, context);
     addRunCommands(app, context);
+    addReportCommand(app, context);
     addEmploymentCommands(app, context);
     addAutoEnrolCommands(app, context);
     addAuditCommand(app, context);

@@ -10,9 +10,11 @@ namespace ledgerwick::app {
 
 struct Context;
 
-void addCompanyCommands(CLI::App& app, Context& context);  // new, import, export
-void addQueryCommands(CLI::App& app, Context& context);  // calendar, employees, employee, rows, due
-void addRunCommands(CLI::App& app, Context& context);    // run open, show, close, plan; fill
+void addCompanyCommands(CLI::App& app, Context& context);     // new, import, export
+void addCalendarCommands(CLI::App& app, Context& context);    // calendar, explain
+void addQueryCommands(CLI::App& app, Context& context);       // employees, employee, rows, due
+void addReportCommand(CLI::App& app, Context& context);       // report
+void addRunCommands(CLI::App& app, Context& context);         // run open, show, close, plan; fill
 void addEmploymentCommands(CLI::App& app, Context& context);  // employment add, next
 void addAutoEnrolCommands(CLI::App& app, Context& context);   // ae ...
 void addAuditCommand(CLI::App& app, Context& context);        // audit

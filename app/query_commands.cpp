@@ -1,4 +1,3 @@
-#include <array>
 #include <memory>
 
 #include "app/commands.h"
@@ -6,7 +5,6 @@
 #include "app/pay_run.h"
 #include "hostkit/history/as_of.h"
 #include "hostkit/history/figures.h"
-#include "ledgerwick/values/format.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::app {
@@ -18,41 +16,7 @@ struct QueryOptions {
     Date date;
     std::int32_t naid = 0;
     std::int32_t year = 0;
-    std::int16_t startDay = 0;
 };
-
-constexpr std::array periodCodes{PFREQ_1Weekly,   PFREQ_2Weekly,  PFREQ_4Weekly, PFREQ_Monthly,
-                                 PFREQ_Quarterly, PFREQ_BiAnnual, PFREQ_Annual};
-
-// "2015/16"
-std::string taxYearText(int year) {
-    return std::to_string(year) + "/" + formatNumber(double((year + 1) % 100), "00");
-}
-
-void runCalendar(const Context& context, const QueryOptions& options) {
-    const Date date = options.date;
-    const int year = calendar::taxYearOf(date);
-    Report report;
-    report.say(formatDate(date, "dddd d mmmm yyyy") + ": tax year " + taxYearText(year) +
-               ", payroll year " + std::to_string(calendar::payrollYearOf(date)) + ", tax week " +
-               std::to_string(calendar::taxWeek(date)) + ", tax month " +
-               std::to_string(calendar::taxMonth(date)));
-    report.fact("date", date);
-    report.fact("tax_year", taxYearText(year));
-    report.fact("payroll_year", calendar::payrollYearOf(date));
-    report.fact("tax_week", calendar::taxWeek(date));
-    report.fact("tax_month", calendar::taxMonth(date));
-    Table& table = report.table("periods", {"frequency", "period", "first_day", "last_day",
-                                            "reference_first", "reference_last"});
-    for (const PR_Pay_Freq frequency : periodCodes) {
-        const std::int16_t code = PR_Convert_PayFreq_to_PayPeriod(frequency);
-        const auto period = calendar::taxPeriod(date, code, "calendar");
-        const auto reference = calendar::payReferencePeriod(date, code, options.startDay);
-        table.add({frequencyName(frequency), calendar::taxPeriodNumber(date, code, "calendar"),
-                   period.first, period.last, reference.first, reference.last});
-    }
-    context.show(report);
-}
 
 std::string stateOf(cEmployee& employee) {
     if (employee.Active()) return employee.Casual() ? "casual" : "active";
@@ -207,13 +171,6 @@ void addQueryCommands(CLI::App& app, Context& context) {
             context.action = [&context, options, run] { run(context, *options); };
         });
     };
-
-    auto* days = app.add_subcommand("calendar", "Tax year, week, month and periods of a date");
-    addDate(*days, "DATE", options->date, "The date")->required();
-    days->add_option("--start-day", options->startDay,
-                     "First day of a weekly reference period, 1 = Sunday; 0 follows the tax week")
-        ->check(CLI::Range(0, 7));
-    choose(days, runCalendar);
 
     auto* employees = app.add_subcommand("employees", "All employees and where they stand");
     addDatabase(*employees, options->database);

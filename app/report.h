@@ -59,6 +59,7 @@ class Report {
     // The reference lives as long as the report.
     Table& table(std::string name, std::vector<std::string> columns);
     Table& table(Table filled);
+    const std::deque<Table>& tables() const noexcept { return tables_; }
 
     // A table for programs alone, to be called before those that people see.
     Table& dataTable(std::string name, std::vector<std::string> columns);

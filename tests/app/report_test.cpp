@@ -5,6 +5,8 @@
 
 #include <sstream>
 
+#include "app/html.h"
+
 namespace ledgerwick::app {
 namespace {
 
@@ -46,6 +48,20 @@ TEST(Report, OfOneTableIsAListInJsonAndShortenedForPeopleOnly) {
     report.showRows(2);
     EXPECT_EQ(printed(report, Format::Text), "square\n     1\n     4\n... and 2 more\n");
     EXPECT_EQ(printed(report, Format::Csv), "n,square\n1,1\n2,4\n3,9\n4,16\n");
+}
+
+TEST(Html, TextCannotLeaveItsPlace) {
+    const std::pair<std::string, const char*> cases[] = {
+        {"<b title=\"x\">&amp;'", "&lt;b title=&quot;x&quot;&gt;&amp;amp;&#39;"},
+        {"Zo\u00eb \U0001f600", "Zo\u00eb \U0001f600"},
+        {std::string("a\0b\x1b\x7f", 5), "a b  "},
+        {"\xff<\xc3", "\ufffd&lt;\ufffd"},                 // no UTF-8, and cut off
+        {"\xc0\xbc", "\ufffd\ufffd"},                      // "<" in two bytes
+        {"\xed\xa0\x80", "\ufffd\ufffd\ufffd"},            // half of a pair
+        {"\xef\xbf\xbf", "\ufffd\ufffd\ufffd"},            // no character of XML
+        {"\xf4\x90\x80\x80", "\ufffd\ufffd\ufffd\ufffd"},  // beyond the last
+    };
+    for (const auto& [text, expected] : cases) EXPECT_EQ(htmlText(text), expected);
 }
 
 }  // namespace
