@@ -159,7 +159,7 @@ class Explanation {
     explicit Explanation(Report& report)
         : report_(report),
           table_(report.dataTable("answers", {"frequency", "question", "answer", "date", "last_day",
-                                           "rule", "source", "controller"})) {}
+                                              "rule", "source", "controller"})) {}
 
     void frequency(const FrequencyRules& rules) {
         frequency_ = frequencyName(rules.frequency);

@@ -8,11 +8,16 @@ _ledgerwick_options() {
 # The commands and options that may stand behind a command.
 _ledgerwick_words() {
   case "$1" in
+<<<<<<< HEAD
     "") echo "new import export calendar employees employee rows due run fill employment ae audit demo --help --today --csv --json --durability" ;;
+=======
+    "") echo "new import export calendar explain employees employee rows due run fill report employment ae audit demo --help --today --csv --json --durability" ;;
+>>>>>>> 1773082 (Tell of the calendar, the report and the check of templates where people look)
     "new") echo "--year $(_ledgerwick_options)" ;;
     "import") echo "$(_ledgerwick_options)" ;;
     "export") echo "$(_ledgerwick_options)" ;;
-    "calendar") echo "--start-day $(_ledgerwick_options)" ;;
+    "calendar") echo "--start-day --year --years --frequency --first-pay --pay-rule --db --svg $(_ledgerwick_options)" ;;
+    "explain") echo "--frequency --pay-rule --period-rule --start-day --db $(_ledgerwick_options)" ;;
     "employees") echo "$(_ledgerwick_options)" ;;
     "employee") echo "--as-of $(_ledgerwick_options)" ;;
     "rows") echo "--year $(_ledgerwick_options)" ;;
@@ -23,6 +28,7 @@ _ledgerwick_words() {
     "run close") echo "--pay-date --frequency --group --employee $(_ledgerwick_options)" ;;
     "run plan") echo "--pay-date --frequency --group --employee $(_ledgerwick_options)" ;;
     "fill") echo "$(_ledgerwick_options)" ;;
+    "report") echo "--pay-date --output $(_ledgerwick_options)" ;;
     "employment") echo "add next $(_ledgerwick_options)" ;;
     "employment add") echo "--employee --start --casual --continuation --ae-status --first-pay --first-period-end --form --declared --previous-reference --previous-left --previous-tax-code --previous-week --previous-gross --previous-tax --text $(_ledgerwick_options)" ;;
     "employment next") echo "--employee --pay --period-end $(_ledgerwick_options)" ;;
@@ -45,6 +51,21 @@ _ledgerwick_values() {
     *" --durability") echo "each-update batched relaxed" ;;
     "new --year") echo "-" ;;
     "calendar --start-day") echo "-" ;;
+<<<<<<< HEAD
+=======
+    "calendar --year") echo "-" ;;
+    "calendar --years") echo "-" ;;
+    "calendar --frequency") echo "-" ;;
+    "calendar --first-pay") echo "-" ;;
+    "calendar --pay-rule") echo "-" ;;
+    "calendar --db") echo "-" ;;
+    "calendar --svg") echo "-" ;;
+    "explain --frequency") echo "-" ;;
+    "explain --pay-rule") echo "-" ;;
+    "explain --period-rule") echo "-" ;;
+    "explain --start-day") echo "-" ;;
+    "explain --db") echo "-" ;;
+>>>>>>> 1773082 (Tell of the calendar, the report and the check of templates where people look)
     "employee --as-of") echo "-" ;;
     "rows --year") echo "-" ;;
     "due --up-to") echo "-" ;;
@@ -64,6 +85,11 @@ _ledgerwick_values() {
     "run plan --frequency") echo "weekly fortnightly four-weekly monthly quarterly half-yearly yearly casual all" ;;
     "run plan --group") echo "-" ;;
     "run plan --employee") echo "-" ;;
+<<<<<<< HEAD
+=======
+    "report --pay-date") echo "-" ;;
+    "report --output") echo "-" ;;
+>>>>>>> 1773082 (Tell of the calendar, the report and the check of templates where people look)
     "employment add --employee") echo "-" ;;
     "employment add --start") echo "-" ;;
     "employment add --ae-status") echo "-" ;;
