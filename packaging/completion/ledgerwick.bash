@@ -8,11 +8,7 @@ _ledgerwick_options() {
 # The commands and options that may stand behind a command.
 _ledgerwick_words() {
   case "$1" in
-<<<<<<< HEAD
-    "") echo "new import export calendar employees employee rows due run fill employment ae audit demo --help --today --csv --json --durability" ;;
-=======
     "") echo "new import export calendar explain employees employee rows due run fill report employment ae audit demo --help --today --csv --json --durability" ;;
->>>>>>> 1773082 (Tell of the calendar, the report and the check of templates where people look)
     "new") echo "--year $(_ledgerwick_options)" ;;
     "import") echo "$(_ledgerwick_options)" ;;
     "export") echo "$(_ledgerwick_options)" ;;
@@ -51,8 +47,6 @@ _ledgerwick_values() {
     *" --durability") echo "each-update batched relaxed" ;;
     "new --year") echo "-" ;;
     "calendar --start-day") echo "-" ;;
-<<<<<<< HEAD
-=======
     "calendar --year") echo "-" ;;
     "calendar --years") echo "-" ;;
     "calendar --frequency") echo "-" ;;
@@ -65,7 +59,6 @@ _ledgerwick_values() {
     "explain --period-rule") echo "-" ;;
     "explain --start-day") echo "-" ;;
     "explain --db") echo "-" ;;
->>>>>>> 1773082 (Tell of the calendar, the report and the check of templates where people look)
     "employee --as-of") echo "-" ;;
     "rows --year") echo "-" ;;
     "due --up-to") echo "-" ;;
@@ -85,11 +78,8 @@ _ledgerwick_values() {
     "run plan --frequency") echo "weekly fortnightly four-weekly monthly quarterly half-yearly yearly casual all" ;;
     "run plan --group") echo "-" ;;
     "run plan --employee") echo "-" ;;
-<<<<<<< HEAD
-=======
     "report --pay-date") echo "-" ;;
     "report --output") echo "-" ;;
->>>>>>> 1773082 (Tell of the calendar, the report and the check of templates where people look)
     "employment add --employee") echo "-" ;;
     "employment add --start") echo "-" ;;
     "employment add --ae-status") echo "-" ;;
