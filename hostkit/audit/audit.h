@@ -19,6 +19,7 @@
 
 namespace ledgerwick::audit {
 
+// What a fault does.
 enum class Severity : std::uint8_t {
     Stops,    // a load or a pay run stops with an error
     Figures,  // everything runs, and a figure is wrong or a row is passed over
@@ -35,13 +36,14 @@ struct Kind {
 // Every kind that there is.
 LEDGERWICK_HOSTKIT_API const std::vector<Kind>& kinds();
 
+// One fault of the database.
 struct Finding {
-    const Kind* kind;
-    std::string table;
-    std::string key;        // of the row
-    std::int32_t naid = 0;  // the employee, as far as one can be told
-    std::string name;
-    std::string what;
+    const Kind* kind;        // what kind of fault
+    std::string table;       // where it stands
+    std::string key;         // of the row
+    std::int32_t naid = 0;   // the employee, as far as one can be told
+    std::string name;        // the employee's name
+    std::string what;        // the fault in a sentence
     std::int32_t error = 0;  // with which a load stops here, 0 when it does not
 };
 

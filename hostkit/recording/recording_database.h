@@ -31,8 +31,10 @@ struct FollowedTable {
     std::vector<FieldName> content{};  // what is told of a row that goes
 };
 
+// What became of a row: new, with other values, or gone.
 enum class ChangeKind : std::uint8_t { Added, Changed, Removed };
 
+// A field that differs at the end of a recording.
 struct FieldChange {
     std::string_view field;  // lives as long as the recording
     Variant from;            // of an added row the table's own default
@@ -54,6 +56,7 @@ struct RowChange {
 // that an UPDATE or DELETE finds. Writes to other tables pass.
 class LEDGERWICK_HOSTKIT_API RecordingDatabase : public ForwardingDatabase {
   public:
+    // Passes everything on to `recorded`, and keeps what is written.
     explicit RecordingDatabase(std::shared_ptr<Database> recorded);
     ~RecordingDatabase() override;
 
