@@ -30,43 +30,23 @@ bool holds(std::int64_t value) {
            value <= std::numeric_limits<Integer>::max();
 }
 
-Variant wholeNumber(std::int64_t value) {
-    if (holds<std::int32_t>(value)) return static_cast<std::int32_t>(value);
-    return value;
-}
-
-Variant fromReal(double value, VariantKind kind) {
-    switch (kind) {
-        case VariantKind::Single:
-            if (std::abs(value) > std::numeric_limits<float>::max()) return value;
-            return static_cast<float>(value);
-        case VariantKind::Currency:
-            return Currency::fromDouble(value);
-        case VariantKind::Date:
-            if (!Date::inRange(value)) return value;
-            return Date(value);
-        default:
-            return value;
+void takeWholeNumber(std::int64_t value, Variant& into) {
+    if (holds<std::int32_t>(value)) {
+        into.assign(static_cast<std::int32_t>(value));
+    } else {
+        into.assign(value);
     }
 }
 
-Variant fromWhole(std::int64_t value, VariantKind kind) {
-    switch (kind) {
-        case VariantKind::Int16:
-            return holds<std::int16_t>(value) ? Variant(static_cast<std::int16_t>(value))
-                                              : wholeNumber(value);
-        case VariantKind::Single:
-            return static_cast<float>(value);
-        case VariantKind::Double:
-            return static_cast<double>(value);
-        case VariantKind::Boolean:
-            return value != 0;
-        case VariantKind::Currency:
-            return Currency::fromWhole(value);
-        case VariantKind::Date:
-            return fromReal(static_cast<double>(value), kind);
-        default:
-            return wholeNumber(value);
+void takeReal(double value, VariantKind kind, Variant& into) {
+    if (kind == VariantKind::Single && std::abs(value) <= std::numeric_limits<float>::max()) {
+        into.assign(static_cast<float>(value));
+    } else if (kind == VariantKind::Currency) {
+        into.assign(Currency::fromDouble(value));
+    } else if (kind == VariantKind::Date && Date::inRange(value)) {
+        into.assign(Date(value));
+    } else {
+        into.assign(value);
     }
 }
 
@@ -84,16 +64,36 @@ VariantKind kindOfDeclaredType(std::string_view type) {
     return VariantKind::Empty;
 }
 
-Variant toVariant(const Cell& cell, VariantKind kind) {
+void takeWhole(std::int64_t value, VariantKind kind, Variant& into) {
+    switch (kind) {
+        case VariantKind::Int16:
+            if (!holds<std::int16_t>(value)) return takeWholeNumber(value, into);
+            return into.assign(static_cast<std::int16_t>(value));
+        case VariantKind::Single:
+            return into.assign(static_cast<float>(value));
+        case VariantKind::Double:
+            return into.assign(static_cast<double>(value));
+        case VariantKind::Boolean:
+            return into.assign(value != 0);
+        case VariantKind::Currency:
+            return into.assign(Currency::fromWhole(value));
+        case VariantKind::Date:
+            return takeReal(static_cast<double>(value), kind, into);
+        default:
+            return takeWholeNumber(value, into);
+    }
+}
+
+void take(const Cell& cell, VariantKind kind, Variant& into) {
     switch (cell.storage) {
         case Cell::Storage::Null:
-            return Null;
+            return into.assign(Null);
         case Cell::Storage::Whole:
-            return fromWhole(cell.whole, kind);
+            return takeWhole(cell.whole, kind, into);
         case Cell::Storage::Real:
-            return fromReal(cell.real, kind);
+            return takeReal(cell.real, kind, into);
         default:
-            return cell.text;
+            return into.assign(cell.text);
     }
 }
 

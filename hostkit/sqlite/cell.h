@@ -63,7 +63,13 @@ inline Cell readCell(sqlite3_value* value) noexcept {
 VariantKind kindOfDeclaredType(std::string_view type);
 
 // The cell as a value of that kind, or as it is stored when it is no such value.
-Variant toVariant(const Cell& cell, VariantKind kind);
+void take(const Cell& cell, VariantKind kind, Variant& into);
+void takeWhole(std::int64_t value, VariantKind kind, Variant& into);
+inline Variant toVariant(const Cell& cell, VariantKind kind) {
+    Variant value;
+    take(cell, kind, value);
+    return value;
+}
 
 // A value as a field of that kind takes it. Null and Empty are Null.
 // Errors: as the conversions of Variant; 6 for money that a floating-point number cannot hold to

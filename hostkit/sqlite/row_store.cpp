@@ -59,13 +59,14 @@ Cell takeCell(const char*& at) {
 
 }  // namespace
 
-void KeptRow::copy(const Statement& statement) {
+void KeptRow::copy(Statement& statement) {
+    const Statement::Row row(statement);
     const int count = statement.columnCount();
     cells_.resize(static_cast<std::size_t>(count));
     texts_.clear();
     for (int column = 0; column < count; ++column) {
         Cell& cell = cells_[static_cast<std::size_t>(column)];
-        cell = statement.cell(column);
+        cell = row.cell(column);
         if (cell.storage == Cell::Storage::Text) texts_ += cell.text;
     }
     const char* at = texts_.data();
@@ -76,8 +77,9 @@ void KeptRow::copy(const Statement& statement) {
     }
 }
 
-void RowStore::append(const Statement& statement) {
-    for (int column = 0; column < statement.columnCount(); ++column) pack(statement.cell(column));
+void RowStore::append(Statement& statement) {
+    const Statement::Row row(statement);
+    for (int column = 0; column < statement.columnCount(); ++column) pack(row.cell(column));
     addPacked();
 }
 

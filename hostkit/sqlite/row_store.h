@@ -15,7 +15,7 @@ namespace ledgerwick::sqlite {
 // One row, its texts included. The next row uses its memory again.
 class KeptRow {
   public:
-    void copy(const Statement& statement);
+    void copy(Statement& statement);
     const std::vector<Cell>& cells() const noexcept { return cells_; }
 
   private:
@@ -27,7 +27,7 @@ class KeptRow {
 // length.
 class RowStore {
   public:
-    void append(const Statement& statement);
+    void append(Statement& statement);
     void append(const KeptRow& row);
     std::size_t size() const noexcept { return starts_.size(); }
     // Texts of the cells stay in the store.

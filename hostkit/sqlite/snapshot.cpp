@@ -162,6 +162,18 @@ ledgerwick::Bookmark SnapshotReader::LastModified() {
     refuseWrite();
 }
 
+void SnapshotReader::Values(FieldList names, std::span<Variant> values) {
+    if (onStatement_) {
+        const Statement::Row row(*statement_);
+        for (std::size_t i = 0; i < names.size(); ++i) row.take(columnOf(names[i]), values[i]);
+    } else {
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            const int column = columnOf(names[i]);
+            take(cellIn(column), statement_->kind(column), values[i]);
+        }
+    }
+}
+
 ledgerwick::Bookmark SnapshotReader::Bookmark() {
     const std::int32_t row = AbsolutePosition();
     if (row < 0) refuseRead();

@@ -37,6 +37,8 @@ class SnapshotReader final : public TypedReads<SnapshotReader>, private OpenRead
     void Edit() override;
     void Update() override;
 
+    void Values(FieldList names, std::span<Variant> values) override;
+
     ledgerwick::Bookmark LastModified() override;
     ledgerwick::Bookmark Bookmark() override;
     void Bookmark(const ledgerwick::Bookmark& place) override;
@@ -49,12 +51,7 @@ class SnapshotReader final : public TypedReads<SnapshotReader>, private OpenRead
     bool inEdit() const override { return false; }
     bool wouldBeNull(std::size_t) override { return false; }
 
-    Cell cell(const FieldName& name) {
-        const int column = columnOf(name);
-        if (onStatement_) return statement_->cell(column);
-        if (!cells_) refuseRead();
-        return cells_[column];
-    }
+    Cell cell(const FieldName& name) { return cellIn(columnOf(name)); }
     VariantKind kindOf(const FieldName& name) { return statement_->kind(columnOf(name)); }
 
   private:
@@ -69,6 +66,11 @@ class SnapshotReader final : public TypedReads<SnapshotReader>, private OpenRead
         const int column = statement_->fields().find(name);
         if (column == FieldIndex::none) refuseField(name);
         return column;
+    }
+    Cell cellIn(int column) const {
+        if (onStatement_) return statement_->cell(column);
+        if (!cells_) refuseRead();
+        return cells_[column];
     }
     void stepStatement();
     void stand(std::int64_t row);

@@ -63,12 +63,27 @@ void Statement::noticeNewColumns() {
     }
 }
 
+void Statement::measureRow() noexcept {
+    const auto placeOf = [this](int column) {
+        return reinterpret_cast<const char*>(sqlite3_column_value(handle_, column));
+    };
+    stride_ = 0;
+    measured_ = true;
+    if (columnCount() < 2) return;
+    const std::ptrdiff_t distance = placeOf(1) - placeOf(0);
+    for (int column = 2; column < columnCount(); ++column) {
+        if (placeOf(column) - placeOf(column - 1) != distance) return;
+    }
+    stride_ = distance;
+}
+
 void Statement::describeColumns() {
     preparations_ = sqlite3_stmt_status(handle_, SQLITE_STMTSTATUS_REPREPARE, 0);
     const int count = sqlite3_column_count(handle_);
     std::vector<std::string> names;
     names.reserve(static_cast<std::size_t>(count));
     kinds_.clear();
+    measured_ = false;
     for (int column = 0; column < count; ++column) {
         const char* name = sqlite3_column_name(handle_, column);
         const char* type = sqlite3_column_decltype(handle_, column);

@@ -64,10 +64,45 @@ class Statement {
     TableSet writes = 0;
     std::shared_ptr<KeyedPlan> plan;  // of the keys of an updatable set
 
+    // The current row, for a reader of many of its columns.
+    class Row {
+      public:
+        explicit Row(Statement& statement) noexcept
+            : statement_(statement), first_(sqlite3_column_value(statement.handle_, 0)) {
+            if (!statement.measured_) statement.measureRow();
+            stride_ = statement.stride_;
+        }
+
+        Cell cell(int column) const noexcept { return readCell(valueOf(column)); }
+
+        // The column as a value of its kind.
+        void take(int column, Variant& into) const {
+            sqlite3_value* const value = valueOf(column);
+            const VariantKind kind = statement_.kind(column);
+            if (sqlite3_value_type(value) == SQLITE_INTEGER) {
+                takeWhole(sqlite3_value_int64(value), kind, into);
+            } else {
+                sqlite::take(readCell(value), kind, into);
+            }
+        }
+
+      private:
+        sqlite3_value* valueOf(int column) const noexcept {
+            if (stride_ == 0) return sqlite3_column_value(statement_.handle_, column);
+            return reinterpret_cast<sqlite3_value*>(reinterpret_cast<char*>(first_) +
+                                                    stride_ * column);
+        }
+
+        const Statement& statement_;
+        sqlite3_value* first_;
+        std::ptrdiff_t stride_ = 0;
+    };
+
   private:
     friend class StatementCache;
 
     void describeColumns();
+    void measureRow() noexcept;
 
     sqlite3* database_;
     std::string sql_;
@@ -75,6 +110,10 @@ class Statement {
     FieldIndex fields_;
     std::vector<VariantKind> kinds_;
     int preparations_ = 0;
+    // The database keeps the values of a row side by side: their distance, found out on a first
+    // row, saves a call for each value. 0 when it is not so.
+    std::ptrdiff_t stride_ = 0;
+    bool measured_ = false;
 
     bool kept_ = false;  // by the cache
     bool inUse_ = false;

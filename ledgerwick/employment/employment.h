@@ -236,6 +236,7 @@ class LEDGERWICK_API cEmployment : public Object {
     // clang-format on
 
   private:
+    class PayRow;
     enum class StatutoryPay : std::uint8_t { Maternity, Adoption, Paternity, SharedParental };
     struct StatutoryRun {
         std::int32_t length = 0;
@@ -258,9 +259,9 @@ class LEDGERWICK_API cEmployment : public Object {
     const StatutoryRun& run(StatutoryPay pay) const noexcept {
         return statutoryRuns_[static_cast<std::size_t>(pay)];
     }
-    void addCalculatedPayment(Recordset& rsPay);
+    void addCalculatedPayment(const PayRow& row);
     void extendRun(StatutoryPay pay, double first, double second = 0.0);
-    void keepReportedPayment(Recordset& rsPay, std::int16_t period);
+    void keepReportedPayment(const PayRow& row, std::int16_t period);
     PaymentStore& paymentStore();
     std::shared_ptr<CPayment> storedPayment(const std::string& key);
     const calendar::DateRange& expectedPeriod(

@@ -1,6 +1,9 @@
 // How a pay row moves the running state of its employment. This is the hot path of a load: every
-// pay row of the payroll comes through here, so numbers and dates are read as what they are.
+// pay row of the payroll comes through here, so its fields are read all at once, each a single time.
+#include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <string_view>
 #include <utility>
 
 #include "ledgerwick/calendar/pr_functions.h"
@@ -12,6 +15,7 @@ namespace ledgerwick {
 namespace {
 
 constexpr std::array payRowFields{
+    // By these two a load finds the employment of the row; the rest is read here.
     field::PRTID,
     field::PRPNAID,
     field::PRPPeriodUpdated,
@@ -42,18 +46,6 @@ constexpr std::array payRowFields{
     field::PRPWeek1,
     field::PRPMinNormHours,
 };
-
-// The tests on a row that a Null fails instead of ending the fold.
-bool isClosed(Recordset& row) {
-    return !row.IsNull(field::PRPPeriodUpdated) && row.GetBoolean(field::PRPPeriodUpdated);
-}
-bool isCalculated(Recordset& row) {
-    return !row.IsNull(field::PRPCalculationUsed) && row.GetInt32(field::PRPCalculationUsed) != 0;
-}
-bool isReported(Recordset& row) {
-    constexpr double reported = 3.0;
-    return !row.IsNull(field::PRPStatus) && row.GetDouble(field::PRPStatus) >= reported;
-}
 
 // A monthly row holds minus its tax month.
 std::int16_t taxMonthOf(std::int16_t period) {
@@ -91,46 +83,98 @@ std::int16_t payFrequencyOf(std::int16_t period) {
     }
 }
 
+// The fields of the row at hand.
+class cEmployment::PayRow {
+  public:
+    explicit PayRow(Recordset& row) {
+        row.Values(FieldList(payRowFields).subspan(skipped), values_);
+    }
+
+    // The place of a field; one that is not in the list above does not compile.
+    class Place {
+      public:
+        consteval Place(const FieldName& name) : index_(skipped) {
+            while (payRowFields[index_].id() != name.id()) ++index_;
+            index_ -= skipped;
+        }
+
+      private:
+        friend class PayRow;
+        std::size_t index_;
+    };
+
+    const Variant& operator[](Place place) const { return values_[place.index_]; }
+    bool boolean(Place place) const { return (*this)[place].toBoolean(sourceOf(place)); }
+    std::int16_t int16(Place place) const { return (*this)[place].toInt16(sourceOf(place)); }
+    std::int32_t int32(Place place) const { return (*this)[place].toInt32(sourceOf(place)); }
+    double number(Place place) const { return (*this)[place].toDouble(sourceOf(place)); }
+    Date date(Place place) const { return (*this)[place].toDate(sourceOf(place)); }
+
+    // The tests on a row that a Null fails instead of ending the fold.
+    bool isClosed() const {
+        return holds(field::PRPPeriodUpdated) && boolean(field::PRPPeriodUpdated);
+    }
+    bool isCalculated() const {
+        return holds(field::PRPCalculationUsed) && int32(field::PRPCalculationUsed) != 0;
+    }
+    bool isReported() const {
+        constexpr double reported = 3.0;
+        return holds(field::PRPStatus) && number(field::PRPStatus) >= reported;
+    }
+
+  private:
+    static constexpr std::size_t skipped = 2;
+
+    static std::string_view sourceOf(Place place) {
+        return payRowFields[skipped + place.index_].text();
+    }
+    bool holds(Place place) const { return !(*this)[place].isNull(); }
+
+    std::array<Variant, payRowFields.size() - skipped> values_;
+};
+
 FieldList cEmployment::paymentFields() noexcept {
     return payRowFields;
 }
 
 void cEmployment::AddPayment(Recordset& rsPay) {
-    if (!isClosed(rsPay)) return;
+    const PayRow row(rsPay);
+    if (!row.isClosed()) return;
 
-    LastPayDate(rsPay.GetDate(field::PRPRTIPayDate));
-    LastEPEDate(rsPay.GetDate(field::PRPEPEDate));
-    const std::int16_t period = rsPay.GetInt16(field::PRPPaymentPeriod);
+    LastPayDate(row.date(field::PRPRTIPayDate));
+    LastEPEDate(row.date(field::PRPEPEDate));
+    const std::int16_t period = row.int16(field::PRPPaymentPeriod);
     LastPayFreq(payFrequencyOf(period));
     LExpPayDate(nExpPayDate_);
-    nExpPayDate_ = rsPay.GetDate(field::PRPNExpPayDate);
-    LastWeekNo(rsPay.GetInt16(field::PRPWeekNo));
+    nExpPayDate_ = row.date(field::PRPNExpPayDate);
+    LastWeekNo(row.int16(field::PRPWeekNo));
     if (period < 0) LastMonthNo(taxMonthOf(period));
-    if (Active()) nExpEPEDate_ = rsPay.GetDate(field::PRPNExpEPEDate);
-    if (isCalculated(rsPay)) addCalculatedPayment(rsPay);
-    LastUD_PRPID(rsPay.GetInt32(field::PRPID));
-    if (!Casual() && isReported(rsPay)) keepReportedPayment(rsPay, period);
+    if (Active()) nExpEPEDate_ = row.date(field::PRPNExpEPEDate);
+    if (row.isCalculated()) addCalculatedPayment(row);
+    LastUD_PRPID(row.int32(field::PRPID));
+    if (!Casual() && row.isReported()) keepReportedPayment(row, period);
 }
 
-void cEmployment::addCalculatedPayment(Recordset& rsPay) {
+void cEmployment::addCalculatedPayment(const PayRow& row) {
     PaymentsExist(true);
     if (FirstPRPID() == 0) {
-        FirstPRPID(rsPay.GetInt32(field::PRPID));
+        FirstPRPID(row.int32(field::PRPID));
         firstEPEDate_ = LastEPEDate();
     }
-    const std::string_view status = rsPay.GetText(field::PRPAEStatus);
-    if (aeStatusCur_ != status) aeStatusCur_ = status;
+    const Variant& status = row[field::PRPAEStatus];
+    if (status.kind() != VariantKind::Text || status.textView() != aeStatusCur_)
+        aeStatusCur_ = status.toText(field::PRPAEStatus.text());
 
-    extendRun(StatutoryPay::Maternity, rsPay.GetDouble(field::PRPMaternityHighWeeks),
-              rsPay.GetDouble(field::PRPMaternityLowWeeks));
-    extendRun(StatutoryPay::Adoption, rsPay.GetDouble(field::PRPAdoptionHighWeeks),
-              rsPay.GetDouble(field::PRPAdoptionLowWeeks));
-    extendRun(StatutoryPay::Paternity, rsPay.GetDouble(field::PRPPaternityWeeks));
-    extendRun(StatutoryPay::SharedParental, rsPay.GetDouble(field::PRPASPPDays));
+    extendRun(StatutoryPay::Maternity, row.number(field::PRPMaternityHighWeeks),
+              row.number(field::PRPMaternityLowWeeks));
+    extendRun(StatutoryPay::Adoption, row.number(field::PRPAdoptionHighWeeks),
+              row.number(field::PRPAdoptionLowWeeks));
+    extendRun(StatutoryPay::Paternity, row.number(field::PRPPaternityWeeks));
+    extendRun(StatutoryPay::SharedParental, row.number(field::PRPASPPDays));
 
-    SLCurStatus(rsPay.GetInt16(field::PRPStudentLoan));
+    SLCurStatus(row.int16(field::PRPStudentLoan));
     if (SLCurStatus() != 0) SLLastKnownPlan(SLCurStatus());
-    pglCurStatus_ = rsPay.GetBoolean(field::PRPPostgradLoan);
+    pglCurStatus_ = row.boolean(field::PRPPostgradLoan);
     pglWasDeducted_ = pglWasDeducted_ || pglCurStatus_;
 }
 
@@ -141,21 +185,21 @@ void cEmployment::extendRun(StatutoryPay pay, double first, double second) {
     run.length = run.current ? roundToInt32(run.length + first + second) : 0;
 }
 
-void cEmployment::keepReportedPayment(Recordset& rsPay, std::int16_t period) {
+void cEmployment::keepReportedPayment(const PayRow& row, std::int16_t period) {
     ReportedPayment::Details details{
-        rsPay.Value(field::PRPPYEmployCount),
-        rsPay.Value(field::PRPWorksNo),
-        rsPay.Value(field::PRPOfficialIDNo),
-        rsPay.Value(field::PRPPartnerNAID),
-        rsPay.Value(field::PRPASPPDays),
-        rsPay.Value(field::PRPPayrollYear),
-        rsPay.Value(field::PRPRTIPayDate),
+        row[field::PRPPYEmployCount],
+        row[field::PRPWorksNo],
+        row[field::PRPOfficialIDNo],
+        row[field::PRPPartnerNAID],
+        row[field::PRPASPPDays],
+        row[field::PRPPayrollYear],
+        row[field::PRPRTIPayDate],
         reportedFrequency(period),
         reportedPeriodNumber(period, LastWeekNo()),
-        rsPay.Value(field::PRPTaxCode),
-        rsPay.Value(field::PRPWeek1),
-        rsPay.Value(field::PRPMinNormHours),
-        rsPay.Value(field::PRPID),
+        row[field::PRPTaxCode],
+        row[field::PRPWeek1],
+        row[field::PRPMinNormHours],
+        row[field::PRPID],
     };
     if (!lastRTI_ || lastRTI_.use_count() > 1) lastRTI_ = std::make_shared<ReportedPayment>();
     lastRTI_->replace(std::move(details));

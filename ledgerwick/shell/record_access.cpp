@@ -39,6 +39,10 @@ std::string_view Recordset::GetText(const FieldName& name) {
     return text_;
 }
 
+void Recordset::Values(FieldList names, std::span<Variant> values) {
+    for (std::size_t i = 0; i < names.size(); ++i) values[i] = Value(names[i]);
+}
+
 void Database::BeginBatch() {}
 void Database::EndBatch() {}
 

@@ -151,6 +151,11 @@ class LEDGERWICK_API Recordset : public Object {
     // The field as text, which stays valid until the set moves, is written or gives another text.
     virtual std::string_view GetText(const FieldName& name);
 
+    // Several fields of the row at once, each as `Value` gives it, for a reader of many rows.
+    // Shape:  as many places as names; they are written over.
+    // Errors: those of `Value`; the places are then valid, but hold what they may.
+    virtual void Values(FieldList names, std::span<Variant> values);
+
   private:
     std::string text_;  // the text that `GetText` gave last
 };

@@ -89,8 +89,7 @@ Variant::Variant(std::string_view value) : Variant(VariantKind::Text) {
     if (value.size() > inlineCapacity) {
         own(HeapText::make(value));
     } else {
-        bytes_[1] = static_cast<unsigned char>(value.size());
-        std::copy(value.begin(), value.end(), bytes_ + textOffset);
+        placeInline(value);
     }
 }
 
@@ -145,7 +144,7 @@ bool Variant::isNumeric() const {
     }
 }
 
-double Variant::toNumber(std::string_view source) const {
+double Variant::convertDouble(std::string_view source) const {
     switch (kind()) {
         case VariantKind::Empty:
             return 0;
@@ -172,11 +171,10 @@ double Variant::toNumber(std::string_view source) const {
     }
 }
 
-bool Variant::toBoolean(std::string_view source) const {
-    if (kind() == VariantKind::Boolean) return load<bool>();
+bool Variant::convertBoolean(std::string_view source) const {
     bool result = false;
     if (kind() == VariantKind::Text && booleanOf(textView(), result)) return result;
-    return toNumber(source) != 0;
+    return toDouble(source) != 0;
 }
 
 std::int64_t Variant::toInt64(std::string_view source) const {
@@ -192,27 +190,23 @@ std::int64_t Variant::toInt64(std::string_view source) const {
         case VariantKind::Text:
             return wholeOf(textView(), source);
         default:
-            return roundToInt64(toNumber(source), source);
+            return roundToInt64(toDouble(source), source);
     }
 }
 
-std::int16_t Variant::toInt16(std::string_view source) const {
+std::int16_t Variant::convertInt16(std::string_view source) const {
     return narrowToInt16(toInt64(source), source);
 }
 
-std::int32_t Variant::toInt32(std::string_view source) const {
+std::int32_t Variant::convertInt32(std::string_view source) const {
     return narrowToInt32(toInt64(source), source);
 }
 
 float Variant::toSingle(std::string_view source) const {
     if (kind() == VariantKind::Single) return load<float>();
-    const double value = toNumber(source);
+    const double value = toDouble(source);
     if (std::abs(value) > FLT_MAX) raise(error_number::overflow, source);
     return static_cast<float>(value);
-}
-
-double Variant::toDouble(std::string_view source) const {
-    return toNumber(source);
 }
 
 Currency Variant::toCurrency(std::string_view source) const {
@@ -226,15 +220,14 @@ Currency Variant::toCurrency(std::string_view source) const {
         case VariantKind::Text:
             return currencyOf(Decimal::fromPlainText(plainOrMismatch(textView(), source)), source);
         default:
-            return Currency::fromDouble(toNumber(source), source);
+            return Currency::fromDouble(toDouble(source), source);
     }
 }
 
-Date Variant::toDate(std::string_view source) const {
-    if (kind() == VariantKind::Date) return load<Date>();
+Date Variant::convertDate(std::string_view source) const {
     Date date;
     if (kind() == VariantKind::Text && parseDate(textView(), date)) return date;
-    const double serial = toNumber(source);
+    const double serial = toDouble(source);
     if (!Date::inRange(serial)) raise(error_number::overflow, source);
     return Date(serial);
 }
@@ -303,7 +296,7 @@ bool operator==(const Variant& a, const Variant& b) {
         case VariantKind::Object:
             return a.toObject() == b.toObject();
         default:
-            return a.toNumber({}) == b.toNumber({});
+            return a.toDouble({}) == b.toDouble({});
     }
 }
 

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <array>
 
 #include <cstdint>
 #include <string>
@@ -75,6 +76,8 @@ TYPED_TEST_P(RecordAccess, AnEmptySetStandsAtItsEnd) {
 }
 
 TYPED_TEST_P(RecordAccess, WalksBothWaysBetweenItsEnds) {
+    const std::array<FieldName, 2> names{field::NABusName, field::NAID};
+    std::array<Variant, 2> several;
     for (const int size : {1, 40}) {
         this->addCustomers(size);
         for (const auto type : {RecordsetType::Snapshot, RecordsetType::Dynaset}) {
@@ -84,6 +87,8 @@ TYPED_TEST_P(RecordAccess, WalksBothWaysBetweenItsEnds) {
                 ASSERT_FALSE(rs->Eof());
                 EXPECT_EQ(rs->AbsolutePosition(), i);
                 EXPECT_EQ(rs->GetInt32(field::NAID), i + 1);
+                rs->Values(names, several);
+                EXPECT_EQ(several, (std::array{rs->Value(names[0]), rs->Value(names[1])}));
             }
             EXPECT_TRUE(rs->Eof());
             EXPECT_EQ(rs->AbsolutePosition(), -1);
