@@ -57,7 +57,7 @@ void Connection::configure(const OpenOptions& options) {
     if (!options.readOnly) runScript("PRAGMA journal_mode = WAL");
     runScript(durability_ == Durability::Relaxed ? "PRAGMA synchronous = NORMAL"
                                                  : "PRAGMA synchronous = FULL");
-    runScript("PRAGMA cache_size = -65536");
+    runScript("PRAGMA cache_size = -8192");
     sqlite3_set_authorizer(database_, &Connection::authorize, this);
 }
 
