@@ -1,6 +1,7 @@
 #include "ledgerwick/calendar/next_expected.h"
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 
 #include "ledgerwick/calendar/pr_functions.h"
@@ -33,10 +34,27 @@ void checkController(const MonthlyRule& rule) {
                     std::string(rule.parameter) + ")");
 }
 
-// The monthly date of a calendar month, which may be numbered outside 1 to 12.
+// Errors: 6 outside the range of the type.
+Date firstDayOf(std::chrono::year_month month) {
+    constexpr int firstYear = Date::first().year();
+    constexpr int lastYear = Date::last().year();
+    constexpr std::chrono::sys_days zero = std::chrono::year(1899) / 12 / 30;
+    const auto year = static_cast<int>(month.year());
+    if (year < firstYear || year > lastYear)
+        return Date::fromYmd(year, static_cast<int>(static_cast<unsigned>(month.month())), 1);
+    return Date(static_cast<double>((std::chrono::sys_days(month / 1) - zero).count()));
+}
+
+// The monthly date of a calendar month, which may be numbered up to a year outside 1 to 12.
 Date monthlyDate(int year, int month, const MonthlyRule& rule) {
-    const Date firstDay = Date::fromYmd(year, month, 1);
-    const int daysInMonth = firstDay.daysInMonth();
+    const int rolled = month < 1 ? -1 : month > 12 ? 1 : 0;
+    year += rolled;
+    month -= 12 * rolled;
+    const auto civilMonth =
+        std::chrono::year(year) / std::chrono::month(static_cast<unsigned>(month));
+    const Date firstDay = firstDayOf(civilMonth);
+    const auto daysInMonth =
+        static_cast<int>(static_cast<unsigned>((civilMonth / std::chrono::last).day()));
     const Date lastDay = firstDay.addDays(daysInMonth - 1);
     if (rule.controller > 0) {
         const int length = rule.lengthOfMonth ? rule.lengthOfMonth(lastDay) : daysInMonth;
