@@ -53,6 +53,26 @@ void PayReferencePeriod(benchmark::State& state) {
 }
 BENCHMARK(PayReferencePeriod);
 
+// By the controller of the rule: the last day, a day of the month, the last Friday.
+void NextMonthlyDate(benchmark::State& state) {
+    Days days;
+    const calendar::MonthlyRule rule{.controller = static_cast<std::int32_t>(state.range(0))};
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(
+            calendar::nextExpectedDate(days.next(), ledgerwick::PFREQ_Monthly, rule));
+    }
+}
+BENCHMARK(NextMonthlyDate)->Arg(0)->Arg(28)->Arg(-6);
+
+void NextWeeklyDate(benchmark::State& state) {
+    Days days;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(
+            calendar::nextExpectedDate(days.next(), ledgerwick::PFREQ_1Weekly));
+    }
+}
+BENCHMARK(NextWeeklyDate);
+
 }  // namespace
 
 BENCHMARK_MAIN();

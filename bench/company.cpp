@@ -17,7 +17,7 @@ void execute(sqlite3* db, const char* sql) {
     }
 }
 
-// Every statement counts on `people`, a table of the numbers 1 to n.
+// Every statement counts on `people`, a table of the numbers 1 to n, and `years`, the payroll years.
 const char* const company[] = {
     "INSERT INTO PRControl (PRCFCurrentYear, PRCFPensionAfterTax) VALUES (17, 0)",
     "INSERT INTO PRYearEnds (PRYEYear, PRYEDate) VALUES (16, 42465)",
@@ -34,15 +34,15 @@ const char* const company[] = {
     "printf('%06d', n) || 'A', 'M', 30000 + n % 9000, 40000, 1, 'A', '1100L', n % 5, 0, 0, 412.5, "
     "28, 8, 8, 8, n % 2, -1 FROM people",
     "INSERT INTO PREmployments (PRTNAID, PRTPayrollYear, PRTPYEmployCount, PRTStartWeekNo, "
-    "PRTStartDate, PRTEndDateLong, PRTType, PRTContinuation, PRTAEStatus) SELECT n, 17, 1, 0, "
-    "42466, 0, 1, 0, 'Eligible' FROM people",
+    "PRTStartDate, PRTEndDateLong, PRTType, PRTContinuation, PRTAEStatus) SELECT n, y, 1, 0, "
+    "42466 - 364 * (17 - y), 0, 1, 0, 'Eligible' FROM people, years ORDER BY y, n",
     "WITH RECURSIVE weeks(w) AS (SELECT 1 UNION ALL SELECT w + 1 FROM weeks WHERE w < 51) "
     "INSERT INTO PRPay (PRPNAID, PRPPayrollYear, PRPPYEmployCount, PRPWeekNo, PRPPaymentPeriod, "
     "PRPPayDate, PRPRTIPayDate, PRPEPEDate, PRPNExpPayDate, PRPNExpEPEDate, PRPPeriodUpdated, "
     "PRPHasBeenVisited, PRPCalculationUsed, PRPStatus, PRPAEStatus, PRPPeriodPaid, PRPPeriodPay, "
-    "PRPNITable, PRPTaxCode, PRPWorksNo) SELECT n, 17, 1, w, 1, 42465 + 7 * w, 42465 + 7 * w, "
-    "42463 + 7 * w, 42472 + 7 * w, 42470 + 7 * w, -1, -1, 34, 3, 'Eligible', -1, 412.5, 'A', "
-    "'1100L', 'WRK' || n FROM people, weeks ORDER BY w, n",
+    "PRPNITable, PRPTaxCode, PRPWorksNo) SELECT n, y, 1, w, 1, d, d, d - 2, d + 7, d + 5, -1, -1, "
+    "34, 3, 'Eligible', -1, 412.5, 'A', '1100L', 'WRK' || n FROM (SELECT n, y, w, 42465 + 7 * w - "
+    "364 * (17 - y) AS d FROM people, years, weeks WHERE y = 17 OR w > 47) ORDER BY y, w, n",
 };
 
 }  // namespace
@@ -58,19 +58,27 @@ sqlite3* openBare(const std::string& path) {
     return db;
 }
 
-void layDownCompany(const std::string& path, std::int32_t employees) {
+void layDownCompany(const std::string& path, std::int32_t employees, std::int32_t employments) {
     for (const char* tail : {"", "-wal", "-shm"}) std::filesystem::remove(path + tail);
     ledgerwick::sqlite::SqliteDatabase::open(path)->createSchema();
     sqlite3* db = openBare(path);
-    execute(db, "BEGIN");
+    // Nothing here needs to survive a crash, and the indexes fill in another order than the table.
     execute(db,
-            ("CREATE TEMP TABLE people AS WITH RECURSIVE p(n) AS (SELECT 1 UNION ALL SELECT n + "
-             "1 FROM p WHERE n < " +
-             std::to_string(employees) + ") SELECT n FROM p")
-                .c_str());
+            "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA cache_size = -2000000; "
+            "BEGIN");
+    const auto numbers = [db](const char* table, std::int32_t first, std::int32_t last) {
+        execute(db, ("CREATE TEMP TABLE " + std::string(table) +
+                     " AS WITH RECURSIVE numbers(n) AS "
+                     "(SELECT " +
+                     std::to_string(first) + " UNION ALL SELECT n + 1 FROM numbers WHERE n < " +
+                     std::to_string(last) + ") SELECT n FROM numbers")
+                        .c_str());
+    };
+    numbers("people", 1, employees);
+    numbers("years", payrollYear - employments + 1, payrollYear);
+    execute(db, "ALTER TABLE years RENAME COLUMN n TO y");
     for (const char* statement : company) execute(db, statement);
-    execute(db, "COMMIT");
-    execute(db, "PRAGMA wal_checkpoint(TRUNCATE)");
+    execute(db, "COMMIT; PRAGMA journal_mode = WAL");
     sqlite3_close(db);
 }
 

@@ -8,10 +8,10 @@
 
 namespace bench {
 
-// Lays the kit's schema into a fresh file at `path` and fills it with `employees` people of one
-// employment and 51 closed weekly rows each, in payroll year 17 (6 April 2016 to 5 April 2017).
-// Week 52 is due on `dueDate`.
-void layDownCompany(const std::string& path, std::int32_t employees);
+// Lays the kit's schema into a fresh file at `path` and fills it with `employees` people and 51
+// closed weekly rows each, in payroll year 17 (6 April 2016 to 5 April 2017). Week 52 is due on
+// `dueDate`. Of more than one employment, those of the years before have four closed rows each.
+void layDownCompany(const std::string& path, std::int32_t employees, std::int32_t employments = 1);
 
 // The pay date of week 52, 4 April 2017, as a count of days.
 inline constexpr std::int32_t dueDate = 42829;
