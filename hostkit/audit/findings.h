@@ -30,16 +30,20 @@ Value readOr(Value otherwise, Recordset& row, const FieldName& name,
         return otherwise;
     }
 }
+// 0 for what is no number.
 inline std::int32_t numberIn(Recordset& row, const FieldName& name) {
     return readOr(0, row, name, &Recordset::GetInt32);
 }
+// The zero date for what is no date.
 inline Date dateIn(Recordset& row, const FieldName& name) {
     return readOr(Date(), row, name, &Recordset::GetDate);
 }
+// "Null" for a Null.
 inline std::string textIn(Recordset& row, const FieldName& name) {
     return row.IsNull(name) ? "Null" : row.Value(name).toText();
 }
 
+// Collects findings, and tries the steps that may fail.
 class Findings {
   public:
     // Errors: 3265 for a kind that there is not.
@@ -60,6 +64,7 @@ class Findings {
 
     // Whose pay rows go without a word: what is wrong with the employee has been told.
     void passOver(std::int32_t naid) { passedOver_.insert(naid); }
+    // Whether `passOver` was called for the employee.
     bool isPassedOver(std::int32_t naid) const { return passedOver_.contains(naid); }
 
     // Everything found so far, which is forgotten here.

@@ -13,6 +13,7 @@
 
 namespace ledgerwick::audit {
 
+// Passes every read on, but for the fields that are mended: those are 0, "", False, never Null.
 class MendedRow : public ForwardingRecordset {
   public:
     using ForwardingRecordset::ForwardingRecordset;

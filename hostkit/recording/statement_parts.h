@@ -11,6 +11,7 @@
 
 namespace ledgerwick::recording {
 
+// Views into a statement; a part that it does not have is empty.
 struct StatementParts {
     std::string_view verb;  // SELECT, UPDATE, DELETE; anything else as it stands
     // Between SELECT and FROM.
