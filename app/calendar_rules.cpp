@@ -110,9 +110,9 @@ const FrequencyRules& rulesOf(PR_Pay_Freq frequency) {
     return rules.back();
 }
 
-std::string periodText(const FrequencyRules& rules, Date date) {
-    return std::string(rules.periodName) + " " +
-           std::to_string(calendar::taxPeriodNumber(date, rules.code(), "calendar"));
+std::string periodText(const FrequencyRules& frequency, Date date) {
+    return std::string(frequency.periodName) + " " +
+           std::to_string(calendar::taxPeriodNumber(date, frequency.code(), "calendar"));
 }
 
 Date expectedDate(Date from, PR_Pay_Freq frequency, const Controllers& controllers,
