@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <exception>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -239,6 +240,10 @@ struct Undisturbed {
         loaded = listText(office.company);
     }
 };
+
+std::ostream& operator<<(std::ostream& out, const Swept& swept) {
+    return out << swept.name;
+}
 
 class FailureSweep : public testing::TestWithParam<Swept> {};
 

@@ -80,7 +80,7 @@ TEST(Collection, AgreesWithAPlainListThroughManyRandomEdits) {
         const bool adds = model.empty() || random() % 10 < growing;
         const std::size_t place = random() % (model.size() + (adds ? 1 : 0));
         const auto position = static_cast<std::int32_t>(place) + 1;
-        const auto there = model.begin() + position - 1;
+        const auto there = model.begin() + static_cast<std::ptrdiff_t>(place);
         const bool odd = random() % 2 == 1;
         if (adds && place == model.size()) {
             list.Add(item, std::to_string(item));
