@@ -25,12 +25,17 @@ Date demoDay() {
     return Date::fromYmd(2026, 1, 30);
 }
 
-// The sample company beside the installed program, else in the source tree it was built from.
+// The sample company beside the installed program, else where the program was to be installed, else
+// in the source tree it was built from.
 std::string sampleCompany() {
     std::error_code unknown;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", unknown);
-    const auto installed = program.parent_path().parent_path() / LEDGERWICK_COMPANY_INSTALLED;
-    if (!unknown && std::filesystem::exists(installed)) return installed.string();
+    const auto beside = program.parent_path().parent_path() / LEDGERWICK_COMPANY_INSTALLED;
+    for (const auto& folder : {beside, std::filesystem::path(LEDGERWICK_COMPANY_PLACE)}) {
+        if (folder.is_absolute() && std::filesystem::exists(folder, unknown)) {
+            return folder.string();
+        }
+    }
     return LEDGERWICK_COMPANY_SOURCE;
 }
 

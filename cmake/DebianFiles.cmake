@@ -9,12 +9,6 @@ foreach(component ${CPACK_COMPONENTS_ALL})
   file(GLOB pages ${root}/share/man/man*/*)
   # -n leaves the time out, so that the same sources make the same package.
   execute_process(COMMAND gzip -9nf ${doc}/changelog.Debian ${pages} COMMAND_ERROR_IS_FATAL ANY)
-  file(CHMOD_RECURSE ${root} FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ
-       DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
-                             WORLD_EXECUTE)
-  file(GLOB programs ${root}/bin/*)
-  if(programs)
-    file(CHMOD ${programs} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
-                                       WORLD_READ WORLD_EXECUTE)
-  endif()
+  # The links of a package may lead into another one, which chmod does not follow.
+  execute_process(COMMAND chmod -R u=rwX,go=rX ${root} COMMAND_ERROR_IS_FATAL ANY)
 endforeach()

@@ -30,7 +30,8 @@ set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
  of pension auto-enrolment.
  .
  This package holds the shared libraries: the component, the ready-made
- host layer on SQLite, and the data-access object that the component loads.")
+ host layer on SQLite, the C interface, and the data-access object that the
+ component loads.")
 # The linker's own cache is brought up to date, as for every shared library.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
 
