@@ -6,7 +6,7 @@
 // A host with a database of its own implements `Database`, `QueryDef` and `Recordset`, and nothing
 // else. Only the pure members are needed; the others have a sound default built on these, which a
 // fast layer overrides. The kit's own layer on SQLite is hostkit/sqlite; a suite of tests that any
-// layer can be run against ships in tests/record_access_conformance.
+// layer can be run against ships in hostkit/conformance.
 //
 // Errors are thrown as `Error`: 3265 for a field that the set does not have, 3021 when there is no
 // current row, 94, 13 and 6 from the conversions, 3420 after `Close`, and the database's own

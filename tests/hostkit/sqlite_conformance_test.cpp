@@ -1,5 +1,5 @@
+#include "hostkit/conformance/record_access_conformance.h"
 #include "hostkit/sqlite/database.h"
-#include "tests/record_access_conformance/record_access_conformance.h"
 
 namespace ledgerwick::conformance {
 namespace {
