@@ -25,8 +25,6 @@ struct NumbersOfDay {
 
 const NumbersOfDay numbersOfDays[] = {
     {"the last day of a year, the only one in its week 53", on(5, 4, 2015), 15, 53, 12},
-    {"the first day of month 2", on(6, 5, 2015), 16, 5, 2},
-    {"the turn of the calendar year changes nothing", on(31, 12, 2015), 16, 39, 9},
     {"week 53 has two days in a year with 29 February", on(4, 4, 2016), 16, 53, 12},
     {"else the day before the last is in week 52", on(4, 4, 2017), 17, 52, 12},
     {"the day before year 0", on(5, 4, 1999), -1, 53, 12},

@@ -19,7 +19,6 @@
 #include "ledgerwick/shell/class_factory.h"
 #include "ledgerwick/shell/identify.h"
 #include "ledgerwick/shell/schema.h"
-#include "ledgerwick/values/format.h"
 #include "ledgerwick/values/result_table.h"
 #include "ledgerwick/values/text.h"
 #include "tests/hostile/texts.h"
@@ -275,12 +274,6 @@ const EntryPoint entryPoints[] = {
          return std::string(CreateObject("Ledgerwick." + text)->TypeName());
      },
      true},
-    {"a text as a date",
-     [](World&, const std::string& text) {
-         if (Variant(text).isNumeric()) raise(error_number::typeMismatch, "number", text);
-         return Variant(text).toDate("PRPPayDate").toText();
-     },
-     true},
     {"a workstation in a statement",
      [](World& world, const std::string& text) {
          return world.row("TEMP_PR_LAST_WEEK_NOS" + text + " WHERE TLWWeekNo = 3")
@@ -302,12 +295,6 @@ const EntryPoint entryPoints[] = {
          const std::string held =
              world.row("Parameters WHERE ParName = 'Hostile'")->Value("ParValue").toText();
          return held;
-     }},
-    {"a picture",
-     [](World&, const std::string& text) {
-         EXPECT_LT(Format(1234.5, text).size(), text.size() + 50);
-         EXPECT_LT(Format(day("2016-04-29"), text).size(), 9 * text.size() + 50);
-         return text;
      }},
     {"a name to split",
      [](World&, const std::string& text) {
