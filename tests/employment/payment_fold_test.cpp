@@ -68,7 +68,6 @@ TEST(PaymentFold, PayPeriodGivesFrequencyAndReportedPeriod) {
                           {3, 6, -11, 3, 6},
                           {5, 6, -10, 5, 6},
                           {-1, 5, PFREQ_Monthly, 4, 1},
-                          {-12, 52, PFREQ_Monthly, 4, 12},
                           {13, 13, PFREQ_Quarterly, 13, 3},
                           {13, 17, PFREQ_Quarterly, 13, 4},  // 3.92 months
                           {26, 26, PFREQ_BiAnnual, 26, 6},
@@ -109,20 +108,10 @@ TEST(LastReportedPayment, HoldsTheFieldsAsStored) {
         EXPECT_EQ(details.array().at(i), asStored[static_cast<std::size_t>(i) - 1]) << i;
 }
 
-TEST(LastReportedPayment, NeedsStatusThreeAndARegularEmploymentButNoCalculation) {
-    cEmployment employment =
-        folded({closedPayRow(1).with(field::PRPStatus, 3).with(field::PRPCalculationUsed, 0)});
-    for (const Variant& unreported : {Variant(2), Variant(2.9), Variant(Null)}) {
-        fold(employment, {closedPayRow(2).with(field::PRPStatus, unreported)});
+TEST(LastReportedPayment, NeedsAStatusOfThreeInFull) {
+    for (const Variant& unreported : {Variant(2.9), Variant(Null)}) {
+        EXPECT_FALSE(folded({closedPayRow(2).with(field::PRPStatus, unreported)}).LastRTISet());
     }
-    EXPECT_EQ(reported(employment, 13), 101);
-    fold(employment, {closedPayRow(3).with(field::PRPStatus, 4)});
-    EXPECT_EQ(reported(employment, 13), 103);
-
-    cEmployment casual;
-    casual.EmpType(PR_ET_Casual);
-    fold(casual, {closedPayRow(1).with(field::PRPStatus, 5)});
-    EXPECT_FALSE(casual.LastRTISet());
 }
 
 TEST(LastReportedPayment, CarriedAlongAChainStaysWithTheOneThatHadIt) {
