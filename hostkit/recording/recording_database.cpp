@@ -61,6 +61,7 @@ struct RowBefore {
 
 std::vector<Variant> valuesIn(Recordset& row, const std::vector<std::string_view>& fields) {
     std::vector<Variant> values;
+    values.reserve(fields.size());
     for (const std::string_view field : fields) values.push_back(row.Value(field));
     return values;
 }
