@@ -56,52 +56,52 @@ typedef struct ledgerwick_session ledgerwick_session;  // an open company
 typedef struct ledgerwick_table ledgerwick_table;      // rows that were handed out; read-only
 typedef struct ledgerwick_row ledgerwick_row;          // one row of the database in work
 
-typedef int32_t ledgerwick_date;
-typedef int64_t ledgerwick_money;
+typedef int32_t ledgerwick_date;   // eight digits, 20160408; 0 is not set
+typedef int64_t ledgerwick_money;  // ten-thousandths
 
 // The errors of this interface itself. All other numbers are those of the library and of the
 // database (9909 for an invalid pay period, 3146 for a failure of the database ...).
 enum {
-    LEDGERWICK_OK = 0,
-    LEDGERWICK_INVALID_CALL = 5,  // the arguments, or the state of things, do not allow the call
-    LEDGERWICK_OVERFLOW = 6,      // a number too large for its place
-    LEDGERWICK_OUT_OF_MEMORY = 7,
-    LEDGERWICK_OUT_OF_RANGE = 9,    // a row or column that the table does not have
-    LEDGERWICK_TYPE_MISMATCH = 13,  // a date that is none, a value of another kind
-    LEDGERWICK_INTERNAL = 51,       // a failure that the library has no number for
-    LEDGERWICK_NO_SUCH_FILE = 53,
-    LEDGERWICK_FILE_EXISTS = 58,
-    LEDGERWICK_NULL = 91,  // NULL where an argument is needed; an unknown employee
-    LEDGERWICK_NO_SUCH_ROW = 3021,
+    LEDGERWICK_OK = 0,               // the call succeeded
+    LEDGERWICK_INVALID_CALL = 5,     // the arguments, or the state of things, do not allow the call
+    LEDGERWICK_OVERFLOW = 6,         // a number too large for its place
+    LEDGERWICK_OUT_OF_MEMORY = 7,    // memory ran out
+    LEDGERWICK_OUT_OF_RANGE = 9,     // a row or column that the table does not have
+    LEDGERWICK_TYPE_MISMATCH = 13,   // a date that is none, a value of another kind
+    LEDGERWICK_INTERNAL = 51,        // a failure that the library has no number for
+    LEDGERWICK_NO_SUCH_FILE = 53,    // a company or a letter's template that is not there
+    LEDGERWICK_FILE_EXISTS = 58,     // a company that would be made where there is a file
+    LEDGERWICK_NULL = 91,            // NULL where an argument is needed; an unknown employee
+    LEDGERWICK_NO_SUCH_ROW = 3021,   // a key that the table does not have
     LEDGERWICK_NO_SUCH_NAME = 3265,  // of a table, a field, a column or a parameter
-    LEDGERWICK_CLOSED = 3420,
-    LEDGERWICK_NOT_UTF8 = 20001,
-    LEDGERWICK_WRONG_THREAD = 20002
+    LEDGERWICK_CLOSED = 3420,        // a handle that was closed, or never opened
+    LEDGERWICK_NOT_UTF8 = 20001,     // a text that was handed in
+    LEDGERWICK_WRONG_THREAD = 20002  // a handle that another thread opened
 };
 
 // Longer texts are cut, never within a character.
 typedef struct ledgerwick_error {
-    int32_t number;
-    char source[128];
-    char description[2048];
+    int32_t number;          // as the call returned it
+    char source[128];        // the part of the library, or the field, where it failed
+    char description[2048];  // for people
 } ledgerwick_error;
 
 // How often an employee is paid.
 enum {
-    LEDGERWICK_ALL = -1,  // in a choice: everybody
-    LEDGERWICK_CASUAL = 0,
-    LEDGERWICK_WEEKLY = 1,
-    LEDGERWICK_FORTNIGHTLY = 2,
-    LEDGERWICK_FOUR_WEEKLY = 3,
-    LEDGERWICK_MONTHLY = 4,
-    LEDGERWICK_QUARTERLY = 13,
-    LEDGERWICK_HALF_YEARLY = 26,
-    LEDGERWICK_YEARLY = 52
+    LEDGERWICK_ALL = -1,          // in a choice: everybody
+    LEDGERWICK_CASUAL = 0,        // no regular periods
+    LEDGERWICK_WEEKLY = 1,        // every week
+    LEDGERWICK_FORTNIGHTLY = 2,   // every two weeks
+    LEDGERWICK_FOUR_WEEKLY = 3,   // every four weeks
+    LEDGERWICK_MONTHLY = 4,       // by calendar months, on the day that the parameters say
+    LEDGERWICK_QUARTERLY = 13,    // every three months
+    LEDGERWICK_HALF_YEARLY = 26,  // every six months
+    LEDGERWICK_YEARLY = 52        // once a year
 };
 
 // ---- library ------------------------------------------------------------------------------------
 
-// "1.0.0"
+// The version of the library: "1.0.0".
 LEDGERWICK_C_API const char* ledgerwick_version(void);
 // LEDGERWICK_C_ABI as the library was built with it.
 LEDGERWICK_C_API int32_t ledgerwick_abi(void);
@@ -142,6 +142,7 @@ LEDGERWICK_C_API int32_t ledgerwick_session_open(const char* path, ledgerwick_da
 // Closing NULL does nothing. Tables stay open.
 LEDGERWICK_C_API int32_t ledgerwick_session_close(ledgerwick_session* session,
                                                   ledgerwick_error* error);
+// Sets the day on which the payroll believes itself.
 LEDGERWICK_C_API int32_t ledgerwick_set_today(ledgerwick_session* session, ledgerwick_date today,
                                               ledgerwick_error* error);
 
@@ -151,11 +152,13 @@ LEDGERWICK_C_API int32_t ledgerwick_load(ledgerwick_session* session, ledgerwick
 LEDGERWICK_C_API int32_t ledgerwick_reload(ledgerwick_session* session, int32_t naid,
                                            ledgerwick_error* error);
 
+// The current payroll year of the company.
 LEDGERWICK_C_API int32_t ledgerwick_payroll_year(ledgerwick_session* session, int32_t* year,
                                                  ledgerwick_error* error);
 // A named setting of the company, such as "PRNExpD_M1", the rule of the monthly pay day.
 LEDGERWICK_C_API int32_t ledgerwick_get_parameter(ledgerwick_session* session, const char* name,
                                                   const char** value, ledgerwick_error* error);
+// Sets a named setting, and adds one that is not there.
 LEDGERWICK_C_API int32_t ledgerwick_set_parameter(ledgerwick_session* session, const char* name,
                                                   const char* value, ledgerwick_error* error);
 
@@ -165,23 +168,28 @@ LEDGERWICK_C_API int32_t ledgerwick_set_parameter(ledgerwick_session* session, c
 enum {
     LEDGERWICK_EMPTY = 0,     // nothing was ever written
     LEDGERWICK_NO_VALUE = 1,  // the database says that there is none
-    LEDGERWICK_BOOLEAN = 2,
-    LEDGERWICK_INTEGER = 3,
-    LEDGERWICK_DOUBLE = 4,
-    LEDGERWICK_MONEY = 5,
-    LEDGERWICK_DATE = 6,
-    LEDGERWICK_TEXT = 7
+    LEDGERWICK_BOOLEAN = 2,   // 0 or 1
+    LEDGERWICK_INTEGER = 3,   // a whole number
+    LEDGERWICK_DOUBLE = 4,    // a number with a fraction
+    LEDGERWICK_MONEY = 5,     // an amount in ten-thousandths
+    LEDGERWICK_DATE = 6,      // eight digits, or 0
+    LEDGERWICK_TEXT = 7       // UTF-8
 };
 
 // Closing NULL does nothing.
 LEDGERWICK_C_API int32_t ledgerwick_table_close(ledgerwick_table* table, ledgerwick_error* error);
+// How many rows and columns a table has.
 LEDGERWICK_C_API int32_t ledgerwick_table_size(ledgerwick_table* table, int64_t* rows,
                                                int32_t* columns, ledgerwick_error* error);
+// The name of a column.
+// Errors: 9 outside the table.
 LEDGERWICK_C_API int32_t ledgerwick_table_name(ledgerwick_table* table, int32_t column,
                                                const char** name, ledgerwick_error* error);
 // The column of a name, in any case.
 LEDGERWICK_C_API int32_t ledgerwick_table_find(ledgerwick_table* table, const char* name,
                                                int32_t* column, ledgerwick_error* error);
+// What a cell holds (LEDGERWICK_EMPTY ...).
+// Errors: 9 outside the table.
 LEDGERWICK_C_API int32_t ledgerwick_table_kind(ledgerwick_table* table, int64_t row, int32_t column,
                                                int32_t* kind, ledgerwick_error* error);
 // A cell of another kind is converted where it can be: an empty one reads as 0 or "", a date as
@@ -205,7 +213,7 @@ LEDGERWICK_C_API int32_t ledgerwick_table_text(ledgerwick_table* table, int64_t 
 // A whole row in one call. The texts stay valid until the next call with the table.
 // Errors: 9 outside the table, and for a `count` that is not the number of columns.
 typedef struct ledgerwick_cell {
-    int32_t kind;
+    int32_t kind;      // LEDGERWICK_EMPTY ...
     int64_t integer;   // of a boolean, an integer, an amount of money and a date, else 0
     double number;     // of a double, else 0
     const char* text;  // of a text, else NULL
@@ -269,6 +277,7 @@ LEDGERWICK_C_API int32_t ledgerwick_row_close(ledgerwick_row* row, ledgerwick_er
 
 // ---- employees ----------------------------------------------------------------------------------
 
+// How many employees there are, and how many at work are regular and casual.
 LEDGERWICK_C_API int32_t ledgerwick_count(ledgerwick_session* session, int32_t* employees,
                                           int32_t* regular, int32_t* casual,
                                           ledgerwick_error* error);
@@ -457,12 +466,13 @@ LEDGERWICK_C_API int32_t ledgerwick_ae_re_enrolment_changed(ledgerwick_session* 
                                                             ledgerwick_date to,
                                                             ledgerwick_error* error);
 
+// The letters of auto-enrolment.
 enum {
-    LEDGERWICK_ENROLMENT = 1,
-    LEDGERWICK_POSTPONEMENT = 2,
-    LEDGERWICK_NOT_ELIGIBLE = 3,
-    LEDGERWICK_RE_ENROLMENT = 4,
-    LEDGERWICK_ENROLMENT_ATTACHMENT = 500
+    LEDGERWICK_ENROLMENT = 1,              // the worker has been enrolled
+    LEDGERWICK_POSTPONEMENT = 2,           // the assessment is put off
+    LEDGERWICK_NOT_ELIGIBLE = 3,           // the worker does not qualify
+    LEDGERWICK_RE_ENROLMENT = 4,           // the worker has been enrolled again
+    LEDGERWICK_ENROLMENT_ATTACHMENT = 500  // what is attached to an enrolment
 };
 // The workers to whom a letter of the kind goes: naid, name.
 LEDGERWICK_C_API int32_t ledgerwick_ae_recipients(ledgerwick_session* session, int32_t letter,

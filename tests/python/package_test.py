@@ -41,11 +41,13 @@ class Declarations(unittest.TestCase):
                 self.assertRegex(header, rf"LEDGERWICK_{member.name} = {member.value}\b")
 
     def test_a_missing_library_is_told_with_the_variable_that_names_it(self):
-        environment = {**os.environ, "LEDGERWICK_LIBRARY": "/no/such/library.so"}
-        run = subprocess.run([sys.executable, "-c", "import ledgerwick"], env=environment,
-                             capture_output=True, text=True)
-        self.assertIn("ImportError", run.stderr)
-        self.assertIn("LEDGERWICK_LIBRARY", run.stderr)
+        for named, told in (("/no/such/library.so", "LEDGERWICK_LIBRARY"),
+                            ("libc.so.6", "is not libledgerwick_c")):
+            environment = {**os.environ, "LEDGERWICK_LIBRARY": named}
+            run = subprocess.run([sys.executable, "-c", "import ledgerwick"], env=environment,
+                                 capture_output=True, text=True)
+            self.assertIn("ImportError", run.stderr)
+            self.assertIn(told, run.stderr)
 
 
 class Company(unittest.TestCase):
@@ -108,21 +110,35 @@ class Company(unittest.TestCase):
         ):
             with self.subTest(field), self.assertRaises(error):
                 details(**field)
-        with self.assertRaises(OverflowError):
-            self.company.employee(1 << 32 | 1)  # not employee 1
+        for error, work, value in (
+            (OverflowError, self.company.employee, 1 << 32 | 1),  # not employee 1
+            (TypeError, self.company.employee, 1.0),
+            (TypeError, self.company.employee, None),
+            (TypeError, self.company.parameter, None),
+            (TypeError, lambda value: self.company.set_parameter("PRNExpD_M1", value), None),
+            (TypeError, lambda value: self.company.import_pay(1, value), 0.5),
+            (OverflowError, lambda value: self.company.import_pay(1, value), Decimal("1e999999")),
+        ):
+            with self.subTest(value), self.assertRaises(error):
+                work(value)
+        self.refused(91, self.company.employee, 0)  # not the first of all
         told = self.refused(13, details, PREGroup="many")
         self.assertEqual((told.source, told.description), ("PREGroup", "Type mismatch"))
         self.assertEqual(str(told), "Error 13 in PREGroup: Type mismatch")
 
     def test_a_session_belongs_to_its_thread_and_ends_with_close(self):
         other = []
-        thread = threading.Thread(target=lambda: other.append(self.refused(20002, self.company.load)))
-        thread.start()
-        thread.join()
-        self.assertEqual(len(other), 1)
+        for work in (self.company.load, self.company.close):
+            thread = threading.Thread(target=lambda: other.append(self.refused(20002, work)))
+            thread.start()
+            thread.join()
+        self.assertEqual(len(other), 2)
+        self.assertEqual(len(self.company.employees()), 2)  # it is still open here
         self.company.close()
         self.company.close()
-        self.refused(91, self.company.load)
+        self.refused(3420, self.company.load)
+        self.refused(3420, self.company.__enter__)
+        self.assertIn("closed", repr(self.company))
 
     def test_what_the_example_does_not_show(self):
         company = self.company

@@ -8,9 +8,9 @@
         company.mark_calculated(due)
         company.close_run(due)
 
-Dates are `datetime.date`, and None where the payroll has none; money is `decimal.Decimal`. Every
-failure is a `LedgerwickError` with number, source and description. A session belongs to the thread
-that opened it.
+Dates are `datetime.date`, and None where the payroll has none; money is `decimal.Decimal`. What the
+library refuses is a `LedgerwickError` with number, source and description. A session belongs to the
+thread that opened it.
 """
 
 from ._library import LedgerwickError

@@ -2,6 +2,7 @@
 
 import ctypes
 import ctypes.util
+import operator
 import os
 from pathlib import Path
 from typing import Any, Iterator, Tuple
@@ -177,6 +178,8 @@ def _load() -> ctypes.CDLL:
         except OSError as failure:
             failures.append(str(failure))
             continue
+        if not hasattr(library, "ledgerwick_abi"):
+            raise ImportError(f"{place} is not libledgerwick_c")
         library.ledgerwick_version.restype = ctypes.c_char_p
         library.ledgerwick_abi.restype = ctypes.c_int32
         abi = library.ledgerwick_abi()
@@ -201,9 +204,21 @@ _declare(LIBRARY)
 
 def text(value: str) -> bytes:
     """A text as the library takes it."""
+    if not isinstance(value, str):
+        raise TypeError(f"a text is needed, not {type(value).__name__}")
     if "\0" in value:
         raise ValueError("a text for the payroll cannot hold the character U+0000")
     return value.encode("utf-8")
+
+
+def _whole(name: str, value: Any, bits: int) -> int:
+    try:
+        number = operator.index(value)
+    except TypeError:
+        raise TypeError(f"a whole number is needed, not {type(value).__name__}") from None
+    if not -(1 << bits) <= number < 1 << bits:
+        raise OverflowError(f"{number} is too large for ledgerwick_{name}")
+    return number
 
 
 def call(name: str, *arguments: Any) -> Tuple[Any, ...]:
@@ -222,9 +237,7 @@ def call(name: str, *arguments: Any) -> Tuple[Any, ...]:
             passed.append(ctypes.byref(output))
         else:
             value = next(inputs)
-            if kind in _BITS and not -(1 << _BITS[kind]) <= value < 1 << _BITS[kind]:
-                raise OverflowError(f"{value} is too large for ledgerwick_{name}")
-            passed.append(value)
+            passed.append(_whole(name, value, _BITS[kind]) if kind in _BITS else value)
     error = CError()
     if function(*passed, ctypes.byref(error)) != 0:
         raise LedgerwickError(error.number, error.source.decode(), error.description.decode())

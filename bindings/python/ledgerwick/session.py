@@ -5,13 +5,17 @@ from ctypes import byref, sizeof
 from datetime import date
 from decimal import Decimal
 from enum import IntEnum
-from os import PathLike, fspath
+from os import PathLike, fsdecode
 from typing import Any, Dict, Iterator, NamedTuple, Optional, Tuple, Union
 
-from ._library import LIBRARY, Options, call, text
+from ._library import LIBRARY, LedgerwickError, Options, call, text
 from .tables import Row, Table, Value, date_in, date_out, money_in, money_out, take
 
-Path = Union[str, "PathLike[str]"]
+Path = Union[str, bytes, "PathLike[str]"]
+
+# Errors as the library numbers them.
+_UNKNOWN = 91
+_CLOSED = 3420
 
 
 class Frequency(IntEnum):
@@ -37,6 +41,8 @@ class Durability(IntEnum):
 
 
 class Letter(IntEnum):
+    """The letters of auto-enrolment."""
+
     ENROLMENT = 1
     POSTPONEMENT = 2
     NOT_ELIGIBLE = 3
@@ -45,18 +51,24 @@ class Letter(IntEnum):
 
 
 class TaxDate(NamedTuple):
+    """Where a date lies: payroll year n is the tax year from 6 April 1999 + n."""
+
     payroll_year: int
     week: int
     month: int
 
 
 class PayPeriod(NamedTuple):
+    """A pay period, and its number in the tax year."""
+
     first: date
     last: date
     number: int
 
 
 class Due(NamedTuple):
+    """How many employees fall due, and how many periods of theirs."""
+
     employees: int
     periods: int
 
@@ -68,7 +80,7 @@ def version() -> str:
 
 def create_company(path: Path, tax_year: int) -> None:
     """Makes the database of a company that begins in the tax year from 6 April `tax_year`."""
-    call("company_create", text(fspath(path)), tax_year)
+    call("company_create", text(fsdecode(path)), tax_year)
 
 
 def tax_date(day: date) -> TaxDate:
@@ -92,7 +104,8 @@ class Session:
     """An open company. Use it in a `with`, in the thread that opened it.
 
     `today` is the day on which the payroll believes itself; else it is the day of the clock.
-    `program_path` is the folder that holds "AE Letter Templates".
+    `program_path` is the folder that holds "AE Letter Templates"; else it is the current folder.
+    `busy_timeout` is how many milliseconds a write waits for another process; 0 is the default.
     """
 
     def __init__(
@@ -113,14 +126,19 @@ class Session:
             durability,
             busy_timeout,
             read_only,
-            None if program_path is None else text(fspath(program_path)),
+            None if program_path is None else text(fsdecode(program_path)),
             None if workstation is None else text(workstation),
             None if program_name is None else text(program_name),
         )
         day = date_out(today or date.today())
-        (self._handle,) = call("session_open", text(fspath(path)), day, byref(options))
+        self._path = fsdecode(path)
+        (self._handle,) = call("session_open", text(self._path), day, byref(options))
+
+    def __repr__(self) -> str:
+        return f"<Session {self._path!r}, {'closed' if self._handle is None else 'open'}>"
 
     def __enter__(self) -> "Session":
+        self._opened()
         return self
 
     def __exit__(self, *_: object) -> None:
@@ -128,11 +146,16 @@ class Session:
 
     def close(self) -> None:
         """Closes the company; a second time does nothing."""
-        handle, self._handle = self._handle, None
-        call("session_close", handle)
+        call("session_close", self._handle)
+        self._handle = None
+
+    def _opened(self) -> int:
+        if self._handle is None:
+            raise LedgerwickError(_CLOSED, "ledgerwick.Session", "The session is closed")
+        return self._handle
 
     def _call(self, name: str, *arguments: Any) -> Tuple[Any, ...]:
-        return call(name, self._handle, *arguments)
+        return call(name, self._opened(), *arguments)
 
     def _table(self, name: str, *arguments: Any) -> Table:
         return take(self._call(name, *arguments)[0])
@@ -148,6 +171,7 @@ class Session:
         self._call("reload", naid)
 
     def set_today(self, day: date) -> None:
+        """Sets the day on which the payroll believes itself."""
         self._call("set_today", date_out(day))
 
     @property
@@ -159,7 +183,10 @@ class Session:
         """A named setting of the company, such as "PRNExpD_M1", the rule of the monthly pay day."""
         return self._call("get_parameter", text(name))[0]
 
-    def set_parameter(self, name: str, value: object) -> None:
+    def set_parameter(self, name: str, value: Union[str, int, Decimal]) -> None:
+        """Sets a setting of the company, and adds one that is not there."""
+        if value is None:
+            raise TypeError("a setting needs a value")
         self._call("set_parameter", text(name), text(str(value)))
 
     # ---- rows of the database -------------------------------------------------------------------
@@ -169,12 +196,15 @@ class Session:
         return self._table("rows", text(table), naid)
 
     def insert(self, table: str, **fields: Value) -> int:
-        """Adds a row, with the table's defaults where nothing is said, and gives its key."""
+        """Adds a row, with the table's defaults where nothing is said, and gives its key.
+
+        A value becomes one of the field's own kind; None becomes its empty one: 0, "" or no date.
+        """
         with self._row("row_new", text(table)) as row:
             return _store(row, fields)
 
     def update(self, table: str, key: int, **fields: Value) -> None:
-        """Changes fields of the row with that key."""
+        """Changes fields of the row with that key; `reload` shows it in the loaded employee."""
         with self._row("row_open", text(table), key) as row:
             _store(row, fields)
 
@@ -198,6 +228,9 @@ class Session:
         return self._table("employees", 0)
 
     def employee(self, naid: int) -> Row:
+        """One employee with the most recent employment."""
+        if naid == 0:  # which would be everybody
+            raise LedgerwickError(_UNKNOWN, "ledgerwick.Session", "There is no employee 0")
         return self._table("employees", naid)[0]
 
     def employments(self, naid: int = 0) -> Table:
@@ -215,7 +248,11 @@ class Session:
         first_pay: Optional[date] = None,
         first_period_end: Optional[date] = None,
     ) -> int:
-        """Begins an employment of one who has a row in Customers and PREmployeeDetails."""
+        """Begins an employment of one who has a row in Customers and PREmployeeDetails.
+
+        Without `first_pay` and `first_period_end` they are those of the others paid as often, or
+        else of the first period. Gives the key of the employment.
+        """
         return self._call(
             "employment_add",
             naid,
@@ -228,12 +265,13 @@ class Session:
         )[0]
 
     def end_employment(self, naid: int, last_day: date) -> None:
+        """Ends the most recent employment with that day."""
         self._call("employment_end", naid, date_out(last_day))
 
     def set_next_dates(
         self, naid: int, pay: Optional[date] = None, period_end: Optional[date] = None
     ) -> None:
-        """Moves the dates that are expected next, to skip a period."""
+        """Moves the dates that are expected next, to skip a period; None leaves one as it is."""
         self._call("set_next_dates", naid, date_out(pay), date_out(period_end))
 
     # ---- calendar -------------------------------------------------------------------------------
@@ -291,6 +329,7 @@ class Session:
         return None if none else date_in(day)
 
     def next_period_end(self, frequency: int = Frequency.ALL) -> Optional[date]:
+        """The earliest date on which a pay period next ends."""
         day, none = self._call("next_period_end", frequency)
         return None if none else date_in(day)
 
@@ -304,6 +343,7 @@ class Session:
         return Due(*self._call("count_due", date_out(day)))
 
     def due(self, day: date) -> Table:
+        """Who falls due up to a date: naid, name, frequency, next_pay, period_end, periods."""
         return self._table("due", date_out(day))
 
     def reference_period_end(self, naid: int, pay_date: date) -> date:
@@ -319,14 +359,21 @@ class Session:
     def open_run(
         self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
     ) -> Table:
-        """Makes sure that every period due has an open pay row, and tells one row for each."""
+        """Makes sure that every period due has an open pay row, and tells one row for each.
+
+        Columns: naid, name, prpid, first_day, last_day, imported, week, period. `imported` is None
+        without imported pay; `period` is a pay period code, or minus the tax month.
+        """
         table, _ = self._call("run_open", date_out(pay_date), frequency, group, naid)
         return take(table)
 
     def run_rows(
         self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
     ) -> Table:
-        """The open rows up to a pay date."""
+        """The open rows up to a pay date.
+
+        Columns: naid, name, prpid, pay_date, period_end, week, period, pay, visited, status.
+        """
         return self._table("run_rows", date_out(pay_date), frequency, group, naid)
 
     def mark_calculated(
@@ -343,11 +390,18 @@ class Session:
     def close_run(
         self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
     ) -> Table:
-        """Closes the open rows, clears what they paid, and tells how the dates moved on."""
+        """Closes the open rows, clears what they paid, and tells how the dates moved on.
+
+        Columns: naid, name, rows, paid_to, next_pay_before, next_pay, next_period_end. A table
+        without rows says that nothing was open.
+        """
         return self._table("run_close", date_out(pay_date), frequency, group, naid)
 
     def fill_missing_periods(self) -> Table:
-        """Adds a closed empty row for each period skipped in this year."""
+        """Adds a closed empty row for each period skipped in this year.
+
+        Columns: prpid, naid, name, week, period, pay_date, late_reason.
+        """
         return self._table("fill_missing_periods")
 
     def import_pay(self, naid: int, amount: Union[Decimal, int]) -> None:
@@ -402,7 +456,7 @@ class Session:
         self._call("ae_re_enrolment_changed", date_out(before), date_out(after))
 
     def ae_recipients(self, letter: int) -> Table:
-        """The workers to whom a letter of the kind goes."""
+        """The workers to whom a letter of the kind goes: naid, name."""
         return self._table("ae_recipients", letter)
 
     def ae_letter(self, naid: int, letter: int) -> str:
@@ -421,6 +475,8 @@ def _store(row: int, fields: Dict[str, Value]) -> int:
             call("row_set_money", row, field, money_out(value))
         elif isinstance(value, str):
             call("row_set_text", row, field, text(value))
-        else:  # None is a date that is not set
+        elif value is None or isinstance(value, date):  # None is a date that is not set
             call("row_set_date", row, field, date_out(value))
+        else:
+            raise TypeError(f"{name} cannot hold a value of type {type(value).__name__}")
     return call("row_store", row)[0]

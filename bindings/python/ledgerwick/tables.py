@@ -3,7 +3,7 @@
 import ctypes
 from collections.abc import Iterable, Mapping, Sequence
 from datetime import date
-from decimal import Context, Decimal
+from decimal import Context, Decimal, Overflow
 from typing import Any, Dict, Iterator, List, Optional, Tuple, Union, overload
 
 from ._library import Cell, call
@@ -32,7 +32,12 @@ def date_in(number: int) -> Optional[date]:
 
 def money_out(amount: Union[Decimal, int]) -> int:
     """An amount in ten-thousandths; exact, or a ValueError."""
-    ticks = _EXACT.scaleb(Decimal(amount), 4)
+    if not isinstance(amount, (Decimal, int)):
+        raise TypeError(f"an amount is a Decimal or an int, not {type(amount).__name__}")
+    try:
+        ticks = _EXACT.scaleb(Decimal(amount), 4)
+    except Overflow:
+        raise OverflowError(f"{amount} is too large for an amount") from None
     if not ticks.is_finite() or ticks != ticks.to_integral_value():
         raise ValueError(f"{amount} is no amount of at most four decimals")
     return int(ticks)
@@ -46,7 +51,10 @@ def money_in(ticks: int) -> Decimal:
 
 
 class Row(Mapping[str, Any]):
-    """One row: `row.naid`, `row["naid"]` and `row[0]` are the same cell."""
+    """One row: `row.naid`, `row["naid"]` and `row[0]` are the same cell.
+
+    It is a mapping from the names of the columns to their values: `dict(row)`, `row.values()`.
+    """
 
     __slots__ = ("_places", "_values")
 
@@ -62,6 +70,9 @@ class Row(Mapping[str, Any]):
             raise AttributeError(f"the row has no column {name!r}")
         return self[name]
 
+    def __dir__(self) -> List[str]:
+        return [*super().__dir__(), *self._places]
+
     def __iter__(self) -> Iterator[str]:
         return iter(self._places)
 
@@ -73,7 +84,7 @@ class Row(Mapping[str, Any]):
 
 
 class Table(Sequence[Row]):
-    """Rows that were read once and stay as they were."""
+    """Rows that were read once and stay as they were; a sequence with `columns`, their names."""
 
     def __init__(self, columns: Iterable[str], rows: List[Tuple[Value, ...]]) -> None:
         self.columns = tuple(columns)
@@ -93,6 +104,7 @@ class Table(Sequence[Row]):
         return len(self._rows)
 
     def column(self, name: str) -> List[Value]:
+        """The values of one column, from the first row to the last."""
         place = self._places[name]
         return [row[place] for row in self._rows]
 
