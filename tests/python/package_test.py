@@ -83,9 +83,9 @@ class Company(unittest.TestCase):
         self.assertIs(details.PREHourlyPaid, False)
         self.assertEqual(details.PREMinNormHours, 37.5)
         self.assertIsNone(details.PREPensionJoinedDate)
-        self.company.update("PREmployeeDetails", 1, PREDoB=None, PREHDays=5.1)
+        self.company.update("PREmployeeDetails", 1, PREDoB=None, PREHDays=5.1, PRETaxCode=None)
         (details,) = self.company.rows("PREmployeeDetails", 1)
-        self.assertEqual((details.PREDoB, details.PREHDays), (None, 5.1))
+        self.assertEqual((details.PREDoB, details.PREHDays, details.PRETaxCode), (None, 5.1, ""))
         with localcontext() as context:  # an amount does not depend on the program's precision
             context.prec = 2
             self.company.update("PREmployeeDetails", 1, PREStdPeriodRate=Decimal("123456.78"))

@@ -9,7 +9,7 @@ from os import PathLike, fsdecode
 from typing import Any, Dict, Iterator, NamedTuple, Optional, Tuple, Union
 
 from ._library import LIBRARY, LedgerwickError, Options, call, text
-from .tables import Row, Table, Value, date_in, date_out, money_in, money_out, take
+from .tables import TEXT, Row, Table, Value, date_in, date_out, money_in, money_out, take
 
 Path = Union[str, bytes, "PathLike[str]"]
 
@@ -475,8 +475,11 @@ def _store(row: int, fields: Dict[str, Value]) -> int:
             call("row_set_money", row, field, money_out(value))
         elif isinstance(value, str):
             call("row_set_text", row, field, text(value))
-        elif value is None or isinstance(value, date):  # None is a date that is not set
+        elif value is None or isinstance(value, date):
             call("row_set_date", row, field, date_out(value))
+            # None is a date that is not set, or 0; but a text would tell of the zero day.
+            if value is None and call("row_kind", row, field)[0] == TEXT:
+                call("row_set_text", row, field, b"")
         else:
             raise TypeError(f"{name} cannot hold a value of type {type(value).__name__}")
     return call("row_store", row)[0]

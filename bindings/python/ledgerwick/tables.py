@@ -11,7 +11,7 @@ from ._library import Cell, call
 Value = Union[None, bool, int, float, Decimal, date, str]
 
 # Kinds of a cell; the two before them hold nothing.
-_BOOLEAN, _INTEGER, _DOUBLE, _MONEY, _DATE, _TEXT = range(2, 8)
+_BOOLEAN, _INTEGER, _DOUBLE, _MONEY, _DATE, TEXT = range(2, 8)
 
 # Whatever context the program works in, an amount stays what it is.
 _EXACT = Context(prec=40)
@@ -113,7 +113,7 @@ class Table(Sequence[Row]):
 
 
 def _value(cell: Cell) -> Value:
-    if cell.kind == _TEXT:
+    if cell.kind == TEXT:
         return ctypes.string_at(cell.text, cell.length).decode()
     if cell.kind == _DATE:
         return date_in(cell.integer)
