@@ -41,11 +41,5 @@ TEST(CsvReader, GivesEachRowWithItsFirstLineOrTheFault) {
     for (const auto& [text, rows] : texts) EXPECT_EQ(rowsOf(text), rows) << text;
 }
 
-TEST(FormulaGuard, MakesFormulasTextsAndGivesEveryTextBack) {
-    EXPECT_EQ(guarded("=1+1"), "'=1+1");
-    EXPECT_EQ(guarded("-5"), "'-5");
-    EXPECT_EQ(unguarded("'t Hooft"), "'t Hooft");  // as a person would write it
-}
-
 }  // namespace
 }  // namespace ledgerwick::app

@@ -32,16 +32,6 @@ class SampleRun : public testing::Test {
     std::unique_ptr<HostSession> session_;
 };
 
-TEST_F(SampleRun, ClosingMarksTheRowsAsReportedAndTakesInTheLastPayment) {
-    openRun(*session_, only(104));
-    closeRun(*session_, only(104));
-    EXPECT_EQ(count("PRPay WHERE PRPID >= 2584 AND PRPPeriodUpdated = True AND PRPStatus = 3 "
-                    "AND PRPHasBeenVisited = True"),
-              1);
-    const auto employment = employeeOf(*session_, 104)->CurEmployment();
-    EXPECT_EQ(employment->LastRTI().array().at(13).toInt32(), 2584);
-}
-
 TEST_F(SampleRun, AFailureLeavesAnEmployeeOpenWithTheImportedPayInPlace) {
     openRun(*session_, only(132));
     database_->exec(R"(

@@ -158,30 +158,6 @@ const EntryPoint entryPoints[] = {
          EXPECT_EQ(found != nullptr, !trim(text).empty());
          return !found || found->NINO() == trim(text) ? text : found->NINO();
      }},
-    {"a look-up",
-     [](World& world, const std::string& text) {
-         CEmployeeList& list = world.company.list();
-         EXPECT_EQ(list.GetEmployeeByIndex(text), nullptr);
-         EXPECT_FALSE(list.ExistsByIndex(text) || list.ExistsByIID(text));
-         EXPECT_EQ(world.company.at(7).GetEmploymentByIndex(text), nullptr);
-         return text;
-     }},
-    {"a scheme's name in the report",
-     [](World& world, const std::string& text) {
-         world.put("PensionSchemes", "PSDesc", text);
-         world.company.load();
-         auto table = world.company.payroll().GetAEStatus(day("2016-04-29"), 17, true);
-         for (table.MoveFirst(); !table.Eof(); table.MoveNext()) {
-             for (std::int32_t i = 0; i < table.FieldCount(); ++i) {
-                 const auto& field = table.Field(i);
-                 const Variant& value = table.Fields(field.name);
-                 if (value.kind() == VariantKind::Text && field.size > 0) {
-                     EXPECT_LE(characterCount(value.textView()), std::size_t(field.size));
-                 }
-             }
-         }
-         return text;
-     }},
     {"the reference of an order",
      [](World& world, const std::string& text) {
          world.company.exec("UPDATE Orders SET OrdStatus = 2");
@@ -247,15 +223,6 @@ const EntryPoint entryPoints[] = {
          table.Sort("Text DESC");
          return cut(table.Fields("Text").toText(), text, 10);
      }},
-    {"the order of a result table",
-     [](World&, const std::string& text) {
-         ResultTable table;
-         table.Append("Text", FieldType::Text, 10);
-         table.Open();
-         table.Sort(trim(text).empty() ? "none" : text);
-         return text;
-     },
-     true},
     {"a field by its name",
      [](World& world, const std::string& text) {
          return world.row("Customers")->Value(FieldName(text)).toText();
@@ -269,11 +236,6 @@ const EntryPoint entryPoints[] = {
          EXPECT_EQ(rs->Value(FieldName(text)).toInt32(), 7);
          return text;
      }},
-    {"a class by its name",
-     [](World&, const std::string& text) {
-         return std::string(CreateObject("Ledgerwick." + text)->TypeName());
-     },
-     true},
     {"a workstation in a statement",
      [](World& world, const std::string& text) {
          return world.row("TEMP_PR_LAST_WEEK_NOS" + text + " WHERE TLWWeekNo = 3")
@@ -295,12 +257,6 @@ const EntryPoint entryPoints[] = {
          const std::string held =
              world.row("Parameters WHERE ParName = 'Hostile'")->Value("ParValue").toText();
          return held;
-     }},
-    {"a name to split",
-     [](World&, const std::string& text) {
-         const NameParts parts = splitName(text);
-         EXPECT_LE(parts.surname.size() + parts.forename1.size(), text.size());
-         return text;
      }},
     {"a caption",
      [](World&, const std::string& text) {

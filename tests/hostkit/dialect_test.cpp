@@ -114,47 +114,6 @@ TEST_F(Dialect, GivesTheRowsOfAStatement) {
     EXPECT_EQ(quoted->Value("a\"b").toInt32(), 1);
 }
 
-// The price of an order line: the quantity comes out as text with commas and goes into the price as
-// a number; the discount is taken off as an amount.
-TEST_F(Dialect, PricesOrderLines) {
-    db_->exec(R"sql(
-        INSERT INTO Orders (OrdNAID, OrdDSID, OrdActionDate, OrdQty, OrdPrice, OrdDiscount) VALUES
-            (1, 1, 42123, 1234.5, 2, 0), (2, 1, 42123, 1000, 0.125, 0),
-            (3, 1, 42123, 10, 2, 50),        -- half a pound off
-            (4, 1, 42123, 0, 3, 0),          -- priced as one
-            (5, 2, 42123, 7, 1, 0),          -- the rounded quantity is what is priced
-            (6, 1, 42123, 1000000, 0.01, 12.5),
-            (7, 3, 42123, 5, 1, 0),          -- none in a unit
-            (8, 9, 42123, 5, 1, 0);          -- an item that is not there
-    )sql");
-    const std::string pricing =
-        "SELECT OrdID, OrdNAID, OrdDSID, OrdActionDate, Format(OrdQty / iif(OrdDSID = 0, 1, "
-        "DSUoMConv),'#,##0.0##') as Qty, DSDesc, UoMCode AS UoPCode, Format( iif(OrdDSID = 0, 0, "
-        "(OrdPrice * DSUoMConv) * iif(OrdQty = 0, 1, Qty) * 1 - (OrdDiscount/100)) ,'#,##0.00' ) "
-        "AS NetPrice, OrdStatus FROM (( Orders LEFT JOIN Deadstock ON Orders.ORDDSID = "
-        "Deadstock.DSIDNo) LEFT JOIN UoM ON UoM.UoMNo = Deadstock.DSPurchUoM) WHERE OrdStatus < 5 "
-        "AND OrdDSID <> 0 ORDER BY OrdNAID, OrdActionDate, UoMCode, DSDesc";
-    for (const auto type : {RecordsetType::Snapshot, RecordsetType::Dynaset}) {
-        const auto rs = db_->OpenRecordset(pricing, type);
-        std::string prices;
-        for (; !rs->Eof(); rs->MoveNext()) {
-            EXPECT_EQ(rs->GetDate(field::OrdActionDate), Date::fromYmd(2015, 4, 29));
-            if (rs->IsNull(field::Qty) || rs->IsNull(field::NetPrice)) {
-                prices += "Null;";
-            } else {
-                prices += std::string(rs->GetText(field::Qty)) + " for ";
-                prices += std::string(rs->GetText(field::NetPrice)) + ";";
-            }
-        }
-        EXPECT_EQ(prices,
-                  "1,234.5 for 2,469.00;1,000.0 for 125.00;10.0 for 19.50;0.0 for 3.00;"
-                  "0.583 for 7.00;1,000,000.0 for 9,999.88;Null;Null;");
-    }
-    const auto joined = db_->OpenRecordset(pricing, RecordsetType::Dynaset);
-    EXPECT_EQ(joined->RecordCount(), 8);
-    EXPECT_THROW(joined->Edit(), Error);
-}
-
 TEST_F(Dialect, UpdatesInAnyCaseAndOverAJoin) {
     execute(
         "UPDATE PRPay LEFT JOIN PensionSchemes ON PRPay.PRPPenWorkplaceSchemeID = "

@@ -103,28 +103,6 @@ TEST(CalendarLaws, WeeksWithAStartDayNeverBreakOff) {
     }
 }
 
-// From the first year with a set to the end of the century. No date is given the set of an earlier
-// day, and within a year the set changes on 18 May, or on the days that the exceptions name.
-TEST(CalendarLaws, SetsOfCalculationsOnlyGrow) {
-    std::int32_t before = 1;
-    for (Date date = on(6, 4, 2001); date <= on(5, 4, 2100); date = date.addDays(1)) {
-        const std::int32_t set = calculationSet(payrollYearOf(date), date);
-        ASSERT_GE(set, before) << date.toText();
-        ASSERT_TRUE(set == before || date.month() == 4 || date.month() == 5 ||
-                    date == on(15, 6, 2003) || date == on(7, 9, 2008))
-            << date.toText();
-        ASSERT_TRUE(set != 2 && set != 29 && set != 30) << date.toText();
-        before = set;
-    }
-}
-
-TEST(CalendarLaws, FrequenciesAndPeriodsAreTwoNamesOfOneThing) {
-    for (const auto freq : {PFREQ_Casual, PFREQ_1Weekly, PFREQ_2Weekly, PFREQ_4Weekly,
-                            PFREQ_Monthly, PFREQ_Quarterly, PFREQ_BiAnnual, PFREQ_Annual}) {
-        EXPECT_EQ(PR_Convert_PayPeriod_to_PayFreq(PR_Convert_PayFreq_to_PayPeriod(freq)), freq);
-    }
-}
-
 // ---- next expected dates ------------------------------------------------------------------------
 
 Date next(Date date, std::int32_t controller) {

@@ -3,7 +3,6 @@
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
-#include <set>
 
 #include "tests/payrun/pay_office.h"
 #include "tests/support/errors.h"
@@ -128,20 +127,6 @@ std::string loaded(PayOffice& office, std::size_t staff) {
     return text;
 }
 
-RC_GTEST_PROP(Companies, OpenedTwiceAreAsOpenedOnce, ()) {
-    const auto staff = *anyStaff();
-    const Date payDate = *anyPayDate();
-    PayOffice office;
-    hire(office, staff);
-    const auto columns = office.open(payDate);
-    const auto rows = office.payRows();
-    RC_ASSERT(office.open(payDate) == columns);
-    RC_ASSERT(office.payRows() == rows);
-    office.company.load();
-    RC_ASSERT(office.open(payDate) == columns);
-    RC_ASSERT(office.payRows() == rows);
-}
-
 RC_GTEST_PROP(Companies, HaveAColumnForEachPeriodThatFallsDueAndNoOther, ()) {
     const auto staff = *anyStaff();
     const Date payDate = *anyPayDate();
@@ -219,40 +204,6 @@ RC_GTEST_PROP(Companies, AreTheSameLoadedWholeAndOneByOne, ()) {
     }
     RC_ASSERT(loaded(office, staff.size()) == whole);
     RC_ASSERT(office.company.list().EmployeeCount() == static_cast<std::int32_t>(staff.size()));
-}
-
-RC_GTEST_PROP(Companies, HaveNoGapLeftOnceTheyAreFilled, ()) {
-    // Which weeks, and which months, of two workers are closed.
-    const auto some = [](std::int32_t last) {
-        const auto numbers =
-            *rc::gen::container<std::vector<std::int32_t>>(rc::gen::inRange(1, last + 1));
-        return std::set<std::int32_t>(numbers.begin(), numbers.end());
-    };
-    const auto weeksClosed = some(20), monthsClosed = some(12);
-    PayOffice office;
-    for (const auto number : weeksClosed) office.company.employee(1).closed(week(number));
-    for (const auto number : monthsClosed) {
-        office.company.employee(2)
-            .monthly()
-            .closed(month(number))
-            .pay("PRPWeekNo = " + std::to_string(office.payroll().C_CalcTaxWeek_OF_Month(number)));
-    }
-    const auto rows = office.payRows();
-    office.payroll().AutoFillMissingPeriods();
-    const auto numbers = [&](const char* naid, const char* field) {
-        auto all = numbersOf(office.payRows(std::string("PRPNAID = ") + naid), field);
-        std::sort(all.begin(), all.end());
-        return all;
-    };
-    for (const auto& periods : {numbers("1", "PRPWeekNo"), numbers("2", "PRPPaymentPeriod")}) {
-        for (std::size_t i = 1; i < periods.size(); ++i) {
-            RC_ASSERT(periods[i] == periods[i - 1] + 1);
-        }
-    }
-    RC_ASSERT(office.payRows("PRPCalculationUsed <> -1") == rows);
-    const auto filled = office.payRows();
-    office.payroll().AutoFillMissingPeriods();
-    RC_ASSERT(office.payRows() == filled);
 }
 
 }  // namespace

@@ -177,23 +177,5 @@ RC_GTEST_PROP(Fold, CountsStatutoryPayOfTheUnbrokenRunAtTheEnd, ()) {
     }
 }
 
-RC_GTEST_PROP(Fold, KeepsTheLastReportedRowOfARegularEmployment, (bool casual)) {
-    const auto rows = *anyRows();
-    cEmployment employment;
-    if (casual) employment.EmpType(PR_ET_Casual);
-    fold(employment, rows);
-    const auto reported =
-        those(rows, [&](const PayRow& row) { return row.closed && row.status >= 3 && !casual; });
-    RC_ASSERT(employment.LastRTISet() == !reported.empty());
-    if (reported.empty()) return;
-    const Variant kept = employment.LastRTI();
-    const auto& details = kept.array();
-    RC_ASSERT(details.at(13) == Variant(100 + reported.back().week));
-    RC_ASSERT(details.at(9).toInt32() == (reported.back().period < 0 ? -reported.back().period
-                                          : reported.back().period == 13
-                                              ? std::nearbyint(reported.back().week / 52.0 * 12)
-                                              : reported.back().week));
-}
-
 }  // namespace
 }  // namespace ledgerwick::test

@@ -101,30 +101,5 @@ TEST(TwoHosts, GoTheWholeRoadSideBySideAndComeToTheSame) {
     for (const std::string& text : sideBySide(databases)) EXPECT_EQ(text, alone);
 }
 
-// Two connections to one file: a writer waits for the other, a reader sees whole rows.
-TEST(TwoHosts, ShareAFileEachWithAConnectionOfItsOwn) {
-    const auto file = std::filesystem::path(testing::TempDir()) / "two_hosts.db";
-    for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(file.string() + ending);
-    newCompany(file.string());
-    const auto work = [&](std::int32_t naid) {
-        HostSession session(file.string(), Date::fromYmd(2016, 4, 29));
-        for (std::int32_t week = 1; week <= 20; ++week) {
-            session.payroll().C_CreateStartingPayRecord(naid, week, Date::fromYmd(2016, 4, 5),
-                                                        Date::fromYmd(2016, 4, 8),
-                                                        Date::fromYmd(2016, 4, 12));
-            session.list().ReLoadEmployee(naid);
-        }
-        EXPECT_EQ(session.list().GetEmployeeByNAID(naid)->CurEmployment()->LastWeekNo(), 20);
-    };
-    {
-        std::jthread one([&] { work(7); });
-        std::jthread other([&] { work(8); });
-    }
-    HostSession session(file.string(), Date::fromYmd(2016, 4, 29));
-    const auto rows =
-        session.database().OpenRecordset("SELECT PRPID FROM PRPay", RecordsetType::Dynaset);
-    EXPECT_EQ(rows->RecordCount(), 40);
-}
-
 }  // namespace
 }  // namespace ledgerwick
