@@ -1,6 +1,6 @@
 // The tax calendar and the dates that are expected next.
 #include "capi/session.h"
-#include "ledgerwick/shell/payroll_functions.h"
+#include "ledgerwick/host/payroll_functions.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 
 #include "capi/handles.h"
 #include "capi/ledgerwick_c.h"
-#include "ledgerwick/shell/enums.h"
+#include "ledgerwick/host/enums.h"
 #include "ledgerwick/values/date.h"
 #include "ledgerwick/values/error.h"
 

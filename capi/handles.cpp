@@ -6,7 +6,7 @@
 #include <unordered_set>
 
 #include "capi/ledgerwick_c.h"
-#include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/values/error.h"
 
 namespace ledgerwick::c {

@@ -8,8 +8,8 @@
 
 #include "fuzz/harness.h"
 #include "ledgerwick/autoenrol/ae_letter_detail.h"
-#include "ledgerwick/shell/host.h"
-#include "ledgerwick/shell/identify.h"
+#include "ledgerwick/host/host.h"
+#include "ledgerwick/host/identify.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::fuzz {

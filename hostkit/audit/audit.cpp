@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "hostkit/audit/findings.h"
+#include "ledgerwick/employee/load_queries.h"
 #include "ledgerwick/employee/load_steps.h"
-#include "ledgerwick/employee/pr_reports.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::audit {

@@ -15,7 +15,7 @@
 
 #include "hostkit/export.h"
 #include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/shell/payroll_functions.h"
+#include "ledgerwick/host/payroll_functions.h"
 
 namespace ledgerwick::audit {
 

@@ -7,9 +7,9 @@
 #include <optional>
 
 #include "hostkit/audit/findings.h"
-#include "ledgerwick/employee/pr_reports.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/employee/load_queries.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/schema.h"
 
 namespace ledgerwick::audit {
 

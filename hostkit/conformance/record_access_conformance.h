@@ -6,7 +6,7 @@
 //   };
 //   INSTANTIATE_TYPED_TEST_SUITE_P(My, RecordAccess, MyLayer);
 //
-// Each test gets a layer of its own. The tables are those of ledgerwick/shell/schema.h, empty, with
+// Each test gets a layer of its own. The tables are those of ledgerwick/records/schema.h, empty, with
 // keys given by the database and with defaults that are no Null.
 //
 // Needs GoogleTest on the side of the host that includes it; the kit itself does not.
@@ -20,8 +20,8 @@
 #include <utility>
 #include <vector>
 
-#include "ledgerwick/shell/record_access.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/record_access.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 
 namespace ledgerwick::conformance {

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "ledgerwick/shell/host.h"
+#include "ledgerwick/host/host.h"
 
 namespace ledgerwick::fernbank {
 

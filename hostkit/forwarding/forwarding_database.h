@@ -18,7 +18,7 @@
 #include <string_view>
 #include <utility>
 
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/records/record_access.h"
 
 namespace ledgerwick {
 

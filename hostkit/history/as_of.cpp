@@ -3,7 +3,7 @@
 #include <string>
 
 #include "ledgerwick/calendar/tax_calendar.h"
-#include "ledgerwick/shell/statement.h"
+#include "ledgerwick/records/statement.h"
 
 namespace ledgerwick::history {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "ledgerwick/employee/pr_reports.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/employee/load_queries.h"
+#include "ledgerwick/records/schema.h"
 
 namespace ledgerwick::history {
 

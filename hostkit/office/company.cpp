@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 
 namespace ledgerwick::office {
 

@@ -6,7 +6,7 @@
 
 #include "hostkit/export.h"
 #include "hostkit/services/host_session.h"
-#include "ledgerwick/shell/host.h"
+#include "ledgerwick/host/host.h"
 
 namespace ledgerwick::office {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "hostkit/recording/statement_parts.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "hostkit/export.h"
-#include "ledgerwick/shell/host.h"
+#include "ledgerwick/host/host.h"
 
 namespace ledgerwick {
 

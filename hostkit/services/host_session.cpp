@@ -6,7 +6,7 @@
 #include "hostkit/services/file_functions.h"
 #include "hostkit/services/program_functions.h"
 #include "hostkit/sqlite/database.h"
-#include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/values/error.h"
 
 namespace ledgerwick {

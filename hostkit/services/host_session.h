@@ -12,8 +12,8 @@
 #include "hostkit/services/host_state.h"
 #include "hostkit/services/parameters.h"
 #include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/shell/identify.h"
-#include "ledgerwick/shell/payroll_functions.h"
+#include "ledgerwick/host/identify.h"
+#include "ledgerwick/host/payroll_functions.h"
 
 namespace ledgerwick {
 

@@ -10,7 +10,7 @@
 #include "hostkit/export.h"
 #include "hostkit/services/customer_functions.h"
 #include "hostkit/services/parameters.h"
-#include "ledgerwick/shell/host.h"
+#include "ledgerwick/host/host.h"
 
 namespace ledgerwick {
 

@@ -10,7 +10,7 @@
 #include <unordered_map>
 
 #include "hostkit/export.h"
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/records/record_access.h"
 #include "ledgerwick/values/variant.h"
 
 namespace ledgerwick {

@@ -9,7 +9,7 @@
 
 #include "hostkit/export.h"
 #include "hostkit/services/parameters.h"
-#include "ledgerwick/shell/host.h"
+#include "ledgerwick/host/host.h"
 
 namespace ledgerwick {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/records/record_access.h"
 #include "ledgerwick/values/variant.h"
 
 namespace ledgerwick::sqlite {

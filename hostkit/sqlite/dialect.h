@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "hostkit/sqlite/tables.h"
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/records/record_access.h"
 
 namespace ledgerwick::sqlite {
 

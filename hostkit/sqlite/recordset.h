@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "hostkit/export.h"
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/records/record_access.h"
 
 namespace ledgerwick::sqlite {
 

@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/variant.h"
 
 namespace ledgerwick::sqlite {

@@ -1,7 +1,7 @@
 #include <span>
 
 #include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/shell/payroll_functions.h"
+#include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick {

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "ledgerwick/shell/dll_global.h"
+#include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/format.h"
 #include "ledgerwick/values/text.h"

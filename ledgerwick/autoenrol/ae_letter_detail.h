@@ -17,8 +17,8 @@
 
 #include "ledgerwick/autoenrol/letter_template.h"
 #include "ledgerwick/export.h"
-#include "ledgerwick/shell/enums.h"
-#include "ledgerwick/shell/identify.h"
+#include "ledgerwick/host/enums.h"
+#include "ledgerwick/host/identify.h"
 #include "ledgerwick/values/currency.h"
 #include "ledgerwick/values/date.h"
 #include "ledgerwick/values/dictionary.h"

@@ -7,9 +7,9 @@
 
 #include "ledgerwick/autoenrol/auto_enrol_status.h"
 #include "ledgerwick/employee/employee.h"
-#include "ledgerwick/employee/pr_reports.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/employee/load_queries.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/checked.h"
 
 namespace ledgerwick {

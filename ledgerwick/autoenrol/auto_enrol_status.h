@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "ledgerwick/export.h"
-#include "ledgerwick/shell/identify.h"
+#include "ledgerwick/host/identify.h"
 #include "ledgerwick/values/currency.h"
 #include "ledgerwick/values/date.h"
 #include "ledgerwick/values/property.h"

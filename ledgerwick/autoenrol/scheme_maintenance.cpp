@@ -1,9 +1,9 @@
 #include <string>
 
 #include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/payroll_functions.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/schema.h"
 
 namespace ledgerwick {
 namespace {

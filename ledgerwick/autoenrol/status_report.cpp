@@ -2,9 +2,9 @@
 
 #include "ledgerwick/autoenrol/auto_enrol_status.h"
 #include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/payroll_functions.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick {

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <string>
 
-#include "ledgerwick/calendar/pr_functions.h"
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/calendar/tax_calendar.h"
 #include "ledgerwick/values/error.h"
 

@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "ledgerwick/export.h"
-#include "ledgerwick/shell/enums.h"
+#include "ledgerwick/host/enums.h"
 #include "ledgerwick/values/date.h"
 
 namespace ledgerwick::calendar {

@@ -5,13 +5,13 @@
 #include <string>
 
 #include "ledgerwick/calendar/calculation_set.h"
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/calendar/next_expected.h"
-#include "ledgerwick/calendar/pr_functions.h"
 #include "ledgerwick/calendar/tax_calendar.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/payroll_functions.h"
-#include "ledgerwick/shell/schema.h"
-#include "ledgerwick/shell/statement.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/schema.h"
+#include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/checked.h"
 #include "ledgerwick/values/error.h"
 

@@ -5,8 +5,8 @@
 #include <initializer_list>
 #include <string>
 
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick {

@@ -1,7 +1,7 @@
 #include "ledgerwick/employee/employee_list.h"
 
 #include "ledgerwick/employee/decimal_key.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick {

@@ -17,9 +17,9 @@
 
 #include "ledgerwick/employee/employee.h"
 #include "ledgerwick/export.h"
-#include "ledgerwick/shell/host.h"
-#include "ledgerwick/shell/identify.h"
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/host/host.h"
+#include "ledgerwick/host/identify.h"
+#include "ledgerwick/records/record_access.h"
 #include "ledgerwick/values/collection.h"
 
 namespace ledgerwick {
@@ -84,7 +84,7 @@ class LEDGERWICK_API CEmployeeList : public Object {
     // Errors: 94 for a row without NAID, 457 for an employee that is in the list already.
     std::shared_ptr<cEmployee> CreateEmployee(Recordset& rsEmp);
 
-    // imported/
+    // imported_pay_load.cpp
     Variant LoadImportedPay();
 
   private:

@@ -4,11 +4,11 @@
 #include <string>
 
 #include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/employee/pr_reports.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/payroll_functions.h"
-#include "ledgerwick/shell/schema.h"
-#include "ledgerwick/shell/statement.h"
+#include "ledgerwick/employee/load_queries.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/schema.h"
+#include "ledgerwick/records/statement.h"
 
 namespace ledgerwick {
 

@@ -1,7 +1,7 @@
 // Which employment of an employee is the latest, the one before it, and the one in force.
 #include "ledgerwick/employee/decimal_key.h"
 #include "ledgerwick/employee/employee.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 
 namespace ledgerwick {
 

@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/employee/load_queries.h"
 #include "ledgerwick/employee/load_steps.h"
-#include "ledgerwick/employee/pr_reports.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/schema.h"
 
 namespace ledgerwick {
 

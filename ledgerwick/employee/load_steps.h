@@ -6,7 +6,7 @@
 
 #include "ledgerwick/employee/employee.h"
 #include "ledgerwick/export.h"
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/records/record_access.h"
 
 namespace ledgerwick::load {
 

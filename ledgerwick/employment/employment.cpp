@@ -1,8 +1,8 @@
 #include "ledgerwick/employment/employment.h"
 
-#include "ledgerwick/calendar/pr_functions.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/calendar/frequency.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/schema.h"
 
 namespace ledgerwick {
 namespace {

@@ -23,10 +23,10 @@
 #include "ledgerwick/employment/payment.h"
 #include "ledgerwick/employment/reported_payment.h"
 #include "ledgerwick/export.h"
-#include "ledgerwick/imported/imported_earnings.h"
-#include "ledgerwick/shell/enums.h"
-#include "ledgerwick/shell/identify.h"
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/host/enums.h"
+#include "ledgerwick/host/identify.h"
+#include "ledgerwick/orders/order_line.h"
+#include "ledgerwick/records/record_access.h"
 #include "ledgerwick/values/dictionary.h"
 #include "ledgerwick/values/property.h"
 #include "ledgerwick/values/result_table.h"
@@ -173,7 +173,7 @@ class LEDGERWICK_API cEmployment : public Object {
 
     Property<std::int32_t> ContinuationOfPRTID;  // the row that this one continues; set by the load
 
-    // ---- imported earnings (imported/earnings.cpp) ----------------------------------------------
+    // ---- imported earnings (piecework.cpp) -----------------------------------------------------
 
     // Takes in the order line that the set of `LoadImportedPay` stands on.
     // Errors: those of reading a field; the line is then partly filled.
@@ -198,7 +198,7 @@ class LEDGERWICK_API cEmployment : public Object {
     //         is the money of the period.
     ResultTable ImportedEarningsRS(Date dEPSDate, Date dEPEDate, Currency& curTot) const;
 
-    // ---- expected periods (expected_periods.cpp) ------------------------------------------------
+    // ---- expected periods (employee/expected_periods.cpp) ---------------------------------------
 
     // Works out the pay reference periods that hold `LExpPayDate` and `NExpPayDate`, by the pay
     // frequency that the employee has now. A casual employment has none and is left alone.

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "ledgerwick/export.h"
-#include "ledgerwick/shell/identify.h"
+#include "ledgerwick/host/identify.h"
 #include "ledgerwick/values/property.h"
 
 namespace ledgerwick {

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <utility>
 
-#include "ledgerwick/calendar/pr_functions.h"
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/employment/employment.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/checked.h"
 
 namespace ledgerwick {

@@ -5,13 +5,13 @@
 #include <utility>
 #include <vector>
 
-#include "ledgerwick/employee/pr_reports.h"
+#include "ledgerwick/employee/load_queries.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/payrun/due_employees.h"
 #include "ledgerwick/payrun/pay_record.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/payroll_functions.h"
-#include "ledgerwick/shell/schema.h"
-#include "ledgerwick/shell/statement.h"
+#include "ledgerwick/records/schema.h"
+#include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/checked.h"
 #include "ledgerwick/values/text.h"
 

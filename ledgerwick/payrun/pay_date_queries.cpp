@@ -1,11 +1,11 @@
 // Which pay date to work on next: questions to the employee list that change nothing.
 #include <string>
 
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/payrun/due_employees.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/payroll_functions.h"
-#include "ledgerwick/shell/schema.h"
-#include "ledgerwick/shell/statement.h"
+#include "ledgerwick/records/schema.h"
+#include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/checked.h"
 
 namespace ledgerwick {

@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/payroll_functions.h"
-#include "ledgerwick/shell/schema.h"
-#include "ledgerwick/shell/statement.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/schema.h"
+#include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/checked.h"
 #include "ledgerwick/values/format.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ledgerwick/export.h"
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/records/record_access.h"
 
 namespace ledgerwick::payrun {
 

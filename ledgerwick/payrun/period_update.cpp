@@ -3,12 +3,12 @@
 #include <exception>
 #include <string>
 
-#include "ledgerwick/employee/pr_reports.h"
+#include "ledgerwick/employee/load_queries.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/payrun/due_employees.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/payroll_functions.h"
-#include "ledgerwick/shell/schema.h"
-#include "ledgerwick/shell/statement.h"
+#include "ledgerwick/records/schema.h"
+#include "ledgerwick/records/statement.h"
 
 namespace ledgerwick {
 

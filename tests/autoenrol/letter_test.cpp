@@ -6,8 +6,8 @@
 #include <functional>
 
 #include "ledgerwick/autoenrol/ae_letter_detail.h"
-#include "ledgerwick/shell/host.h"
-#include "ledgerwick/shell/identify.h"
+#include "ledgerwick/host/host.h"
+#include "ledgerwick/host/identify.h"
 #include "tests/support/errors.h"
 #include "tests/support/expect.h"
 

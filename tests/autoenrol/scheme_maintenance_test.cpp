@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "tests/support/company.h"
 #include "tests/support/errors.h"
 

@@ -2,7 +2,7 @@
 
 #include "ledgerwick/autoenrol/auto_enrol_status.h"
 #include "ledgerwick/employee/employee.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "tests/support/errors.h"
 #include "tests/support/expect.h"
 #include "tests/support/memory_host.h"

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "ledgerwick/shell/payroll_functions.h"
+#include "ledgerwick/host/payroll_functions.h"
 #include "tests/support/expect.h"
 #include "tests/support/fake_host.h"
 

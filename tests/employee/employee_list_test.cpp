@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "tests/support/errors.h"
 #include "tests/support/rows.h"
 

@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "ledgerwick/shell/identify.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/identify.h"
+#include "ledgerwick/records/schema.h"
 #include "tests/support/company.h"
 #include "tests/support/errors.h"
 #include "tests/support/rows.h"

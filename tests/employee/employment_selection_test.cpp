@@ -3,7 +3,7 @@
 #include <array>
 #include <vector>
 
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "tests/support/company.h"
 #include "tests/support/errors.h"
 #include "tests/support/rows.h"

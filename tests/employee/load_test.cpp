@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ledgerwick/shell/identify.h"
+#include "ledgerwick/host/identify.h"
 #include "tests/support/company.h"
 #include "tests/support/errors.h"
 #include "tests/support/failing_database.h"

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "tests/support/errors.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/rows.h"

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "ledgerwick/employment/employment.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 #include "tests/support/errors.h"
 #include "tests/support/rows.h"

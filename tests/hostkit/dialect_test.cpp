@@ -7,7 +7,7 @@
 
 #include "hostkit/sqlite/database.h"
 #include "hostkit/sqlite/recordset.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 #include "tests/support/errors.h"
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "hostkit/sqlite/database.h"
-#include "ledgerwick/shell/host.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/host.h"
+#include "ledgerwick/records/schema.h"
 #include "tests/support/failing_database.h"
 
 namespace ledgerwick {

@@ -10,8 +10,8 @@
 #include "hostkit/services/program_functions.h"
 #include "hostkit/services/terminal_label.h"
 #include "hostkit/sqlite/database.h"
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 #include "tests/support/errors.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 #include "tests/support/errors.h"
 

@@ -1,7 +1,7 @@
 #include "tests/payrun/pay_office.h"
 
 #include "hostkit/sqlite/recordset.h"
-#include "ledgerwick/shell/statement.h"
+#include "ledgerwick/records/statement.h"
 
 namespace ledgerwick::test {
 

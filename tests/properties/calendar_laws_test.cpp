@@ -5,8 +5,8 @@
 #include <array>
 
 #include "ledgerwick/calendar/calculation_set.h"
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/calendar/next_expected.h"
-#include "ledgerwick/calendar/pr_functions.h"
 #include "ledgerwick/calendar/tax_calendar.h"
 #include "tests/support/expect.h"
 

@@ -9,7 +9,7 @@
 
 #include "app/exchange.h"
 #include "app/tables.h"
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/records/record_access.h"
 
 namespace ledgerwick::test {
 namespace {

@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "ledgerwick/employment/employment.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/records/schema.h"
 #include "tests/support/expect.h"
 #include "tests/support/rows.h"
 

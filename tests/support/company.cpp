@@ -4,10 +4,10 @@
 
 #include <stdexcept>
 
-#include "ledgerwick/calendar/pr_functions.h"
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/calendar/tax_calendar.h"
-#include "ledgerwick/shell/identify.h"
-#include "ledgerwick/shell/statement.h"
+#include "ledgerwick/host/identify.h"
+#include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/date.h"
 #include "ledgerwick/values/text.h"
 

@@ -24,9 +24,9 @@
 #include "hostkit/services/host_session.h"
 #include "hostkit/sqlite/database.h"
 #include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/shell/enums.h"
-#include "ledgerwick/shell/host.h"
-#include "ledgerwick/shell/payroll_functions.h"
+#include "ledgerwick/host/enums.h"
+#include "ledgerwick/host/host.h"
+#include "ledgerwick/host/payroll_functions.h"
 
 namespace ledgerwick::test {
 

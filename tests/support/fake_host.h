@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "ledgerwick/shell/dll_global.h"
-#include "ledgerwick/shell/host.h"
-#include "ledgerwick/shell/identify.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/host/host.h"
+#include "ledgerwick/host/identify.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 #include "tests/support/rows.h"
 

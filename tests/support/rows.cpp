@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "ledgerwick/shell/enums.h"
-#include "ledgerwick/shell/schema.h"
+#include "ledgerwick/host/enums.h"
+#include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/text.h"
 

@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ledgerwick/shell/record_access.h"
+#include "ledgerwick/records/record_access.h"
 
 namespace ledgerwick::test {
 

@@ -11,8 +11,8 @@
 
 #include "hostkit/services/host_session.h"
 #include "hostkit/sqlite/database.h"
+#include "ledgerwick/host/class_factory.h"
 #include "ledgerwick/ledgerwick.h"
-#include "ledgerwick/shell/class_factory.h"
 #include "ledgerwick/values/format.h"
 
 namespace ledgerwick {

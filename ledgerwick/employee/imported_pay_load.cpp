@@ -1,0 +1,85 @@
+// Brings pay from outside the payroll to the employees: values out of the host's import table, and
+// the open piecework lines of the order book.
+#include <array>
+#include <string>
+
+#include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/schema.h"
+#include "ledgerwick/values/error.h"
+#include "ledgerwick/values/format.h"
+#include "ledgerwick/values/text.h"
+
+namespace ledgerwick {
+namespace {
+
+constexpr std::array importFields{field::PRPINAID, field::PRPIPay};
+
+constexpr std::array orderFields{
+    field::OrdID,  field::OrdNAID, field::OrdDSID,  field::OrdActionDate, field::Qty,
+    field::DSDesc, field::UoPCode, field::NetPrice, field::OrdStatus,
+};
+
+// Open order lines with an item, in units of purchase and priced, both as the text that a user
+// would see: `Qty` with up to three decimals, `NetPrice` in the money format. The discount comes
+// off the line as an amount, and a line of no quantity is priced as one unit.
+std::string openOrdersStatement(std::string_view moneyFormat) {
+    constexpr std::string_view statement = R"(
+SELECT OrdID, OrdNAID, OrdDSID, OrdActionDate,
+       Format(OrdQty / iif(OrdDSID = 0, 1, DSUoMConv),'#,##0.0##') as Qty,
+       DSDesc, UoMCode AS UoPCode,
+       Format( iif(OrdDSID = 0, 0,
+                   (OrdPrice * DSUoMConv) * iif(OrdQty = 0, 1, Qty) * 1 - (OrdDiscount/100))
+              ,'<money format>' ) AS NetPrice,
+       OrdStatus
+FROM (( Orders LEFT JOIN Deadstock ON Orders.ORDDSID = Deadstock.DSIDNo)
+               LEFT JOIN UoM ON UoM.UoMNo = Deadstock.DSPurchUoM)
+WHERE OrdStatus < 5 AND OrdDSID <> 0
+ORDER BY OrdNAID, OrdActionDate, UoMCode, DSDesc)";
+    return replaceAll(statement, "<money format>", replaceAll(moneyFormat, "'", "''"));
+}
+
+// A later value of the same employee replaces the one before.
+void loadImportTable(CEmployeeList& list) {
+    const std::string moneyFormat = DLLGlobal::g().strCurFormat();
+    const auto rows = DLLGlobal::g().DBDll().OpenRecordset("SELECT * FROM PRPayImport",
+                                                           RecordsetType::Snapshot, importFields);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const auto employee = list.GetEmployeeByNAID(rows->GetInt32(field::PRPINAID));
+        if (!employee) raise(error_number::objectNotSet, "LoadImportedPay");
+        const auto employment = employee->CurEmployment();
+        employment->HasImportedPay(true);
+        const Variant shown(Format(rows->Value(field::PRPIPay), moneyFormat));
+        employment->ImportedPayValue(shown.toCurrency("LoadImportedPay"));
+    }
+    rows->Close();
+}
+
+// Lines of the same worker are next to each other. Most lines of the order book belong to nobody
+// on the payroll.
+void loadOrders(CEmployeeList& list) {
+    const auto lines = DLLGlobal::g().DBDll().OpenRecordset(
+        openOrdersStatement(DLLGlobal::g().strCurFormat()), RecordsetType::Dynaset, orderFields);
+    std::int32_t lastNAID = 0;
+    std::shared_ptr<cEmployee> employee;
+    for (; !lines->Eof(); lines->MoveNext()) {
+        const std::int32_t naid = lines->GetInt32(field::OrdNAID);
+        if (naid != lastNAID) {
+            if (!employee || employee->NAID() != naid) employee = list.GetEmployeeByNAID(naid);
+            lastNAID = naid;
+        }
+        if (employee) employee->CurEmployment()->AddImportedEarnings(*lines);
+    }
+    lines->Close();
+}
+
+}  // namespace
+
+Variant CEmployeeList::LoadImportedPay() {
+    for (const auto& employee : Employees()) employee->CurEmployment()->ResetImportedPay();
+    if (DLLGlobal::DAO_ADO().TempTableExists("PRPayImport")) loadImportTable(*this);
+    loadOrders(*this);
+    return {};
+}
+
+}  // namespace ledgerwick

@@ -1,6 +1,0 @@
-#include "ledgerwick/shell/fernbank.h"
-
-extern "C" __attribute__((visibility("default"))) ledgerwick::Object* FernbankCreateObject(
-    const char*, ledgerwick::Database& (*)()) {
-    return nullptr;
-}
