@@ -7,10 +7,10 @@
 #include <string>
 #include <string_view>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
 #include "app/context.h"
-#include "app/exchange.h"
 #include "app/options.h"
+#include "hostkit/exchange/company_files.h"
 #include "hostkit/services/terminal_label.h"
 #include "ledgerwick/values/text.h"
 
@@ -84,7 +84,7 @@ int runAction(const Context& context) {
     } catch (const Refusal& refusal) {
         tell(context.err, "ledgerwick: " + withoutControls(refusal.what()));
         return exitRefused;
-    } catch (const BadFiles& faults) {
+    } catch (const exchange::BadFiles& faults) {
         tell(context.err, std::string(faults.what()) + "\nledgerwick: nothing was imported");
         return exitBadFile;
     } catch (const std::exception& error) {  // an Error says number, source and description

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "app/report.h"
+#include "hostkit/explain/words.h"
 #include "hostkit/services/host_session.h"
 #include "hostkit/sqlite/database.h"
 #include "ledgerwick/ledgerwick.h"
@@ -80,14 +81,9 @@ sqlite::SqliteDatabase& storeOf(HostSession& session);
 // Errors: Refusal when the company has none.
 std::shared_ptr<cEmployee> employeeOf(HostSession& session, std::int32_t naid);
 
-// "weekly", "monthly" ...; the number as text for a frequency without a name.
-std::string frequencyName(std::int16_t frequency);
-// The frequency of a name, "all" among them, or nothing.
-std::optional<PR_Pay_Freq> frequencyOf(std::string_view name);
-// "weekly, fortnightly, ...", for a help text.
-std::string frequencyNames();
-
-// "1 period", "2 periods"
-std::string counted(std::int64_t count, std::string_view what);
+using explain::counted;
+using explain::frequencyName;
+using explain::frequencyNames;
+using explain::frequencyOf;
 
 }  // namespace ledgerwick::app

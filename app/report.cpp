@@ -4,9 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "app/csv.h"
+#include "hostkit/exchange/csv.h"
 #include "hostkit/services/terminal_label.h"
-#include "ledgerwick/values/format.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::app {
@@ -27,7 +26,7 @@ std::string dateText(Date date) {
 std::string machineText(const Variant& value) {
     if (value.isEmpty() || value.isNull()) return {};
     if (value.kind() == VariantKind::Date) return dateText(value.toDate());
-    if (value.kind() == VariantKind::Text) return guarded(value.textView());
+    if (value.kind() == VariantKind::Text) return exchange::guarded(value.textView());
     return value.toText();
 }
 
@@ -120,7 +119,7 @@ void printTable(std::ostream& out, const Table& table) {
 }
 
 void printCsv(std::ostream& out, const Table& table) {
-    CsvWriter writer(out);
+    exchange::CsvWriter writer(out);
     writer.row(table.columns());
     for (const auto& row : table.rows()) {
         std::vector<std::string> cells;
@@ -131,25 +130,6 @@ void printCsv(std::ostream& out, const Table& table) {
 }
 
 }  // namespace
-
-Table::Table(std::string name, std::vector<std::string> columns)
-    : name_(std::move(name)), columns_(std::move(columns)) {}
-
-void Table::add(std::vector<Variant> row) {
-    row.resize(columns_.size());
-    rows_.push_back(std::move(row));
-}
-
-std::vector<std::size_t> Table::shownColumns() const {
-    std::vector<std::size_t> shown;
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        const bool wanted = shownColumns_.empty() ||
-                            std::find(shownColumns_.begin(), shownColumns_.end(), columns_[i]) !=
-                                shownColumns_.end();
-        if (wanted) shown.push_back(i);
-    }
-    return shown;
-}
 
 void Report::say(std::string sentence) {
     pieces_.push_back({std::move(sentence), nullptr});
@@ -213,22 +193,6 @@ void Report::printJson(std::ostream& out) const {
     const bool plainList = facts_.empty() && tables_.size() == 1;
     const Json& shown = plainList ? document.begin().value() : document;
     out << shown.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
-}
-
-std::string readable(const Variant& value) {
-    switch (value.kind()) {
-        case VariantKind::Empty:
-        case VariantKind::Null:
-            return {};
-        case VariantKind::Boolean:
-            return value.toBoolean() ? "yes" : "no";
-        case VariantKind::Currency:
-            return formatNumber(value.toCurrency(), "#,##0.00");
-        case VariantKind::Date:
-            return dateText(value.toDate());
-        default:
-            return withoutControls(value.toText());
-    }
 }
 
 Table& addResult(Report& report, const std::string& name, ResultTable& result) {

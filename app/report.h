@@ -7,47 +7,24 @@
 //   report.print(std::cout, Format::Text);
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <deque>
 #include <iosfwd>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "hostkit/report/table.h"
 #include "ledgerwick/values/result_table.h"
 #include "ledgerwick/values/variant.h"
 
 namespace ledgerwick::app {
 
+using report::readable;
+using report::Table;
+
 enum class Format { Text, Csv, Json };
-
-// Rows of values. Column names are small words joined by "_"; a table for people shows blanks.
-class Table {
-  public:
-    Table(std::string name, std::vector<std::string> columns);
-
-    void add(std::vector<Variant> row);
-
-    // What people see of a wide or long table; programs always get all of it.
-    void showColumns(std::vector<std::string> names) { shownColumns_ = std::move(names); }
-    void showRows(std::size_t most) { shownRows_ = most; }
-
-    const std::string& name() const noexcept { return name_; }
-    const std::vector<std::string>& columns() const noexcept { return columns_; }
-    const std::vector<std::vector<Variant>>& rows() const noexcept { return rows_; }
-    std::vector<std::size_t> shownColumns() const;
-    std::size_t shownRows() const noexcept { return std::min(shownRows_, rows_.size()); }
-
-  private:
-    std::string name_;
-    std::vector<std::string> columns_;
-    std::vector<std::vector<Variant>> rows_;
-    std::vector<std::string> shownColumns_;  // all of them when empty
-    std::size_t shownRows_ = std::numeric_limits<std::size_t>::max();
-};
 
 // Sentences for people, single facts, and tables. People see all of it but the facts, which the
 // sentences already tell; CSV is the first table alone; JSON has the facts and the tables by name,
@@ -84,10 +61,6 @@ class Report {
     std::vector<std::pair<std::string, Variant>> facts_;
     std::deque<Table> tables_;
 };
-
-// A value as people read it: dates as 2016-04-29, money as 1,234.50, "yes" and "no", and nothing
-// for what is not set. Control characters become blanks.
-std::string readable(const Variant& value);
 
 // The rows of a result table of the library, in their order, with columns named as its fields.
 Table& addResult(Report& report, const std::string& name, ResultTable& result);

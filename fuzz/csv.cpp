@@ -5,8 +5,8 @@
 #include <sstream>
 #include <vector>
 
-#include "app/csv.h"
 #include "fuzz/harness.h"
+#include "hostkit/exchange/csv.h"
 
 namespace ledgerwick::fuzz {
 
@@ -17,7 +17,7 @@ using Table = std::vector<Row>;
 
 struct Reading {
     Table rows;
-    std::optional<app::CsvFault> fault;
+    std::optional<exchange::CsvFault> fault;
 };
 
 Reading read(const std::string& text) {
@@ -25,7 +25,7 @@ Reading read(const std::string& text) {
     std::istringstream in(text);
     std::size_t last = 0;
     const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
-    reading.fault = app::CsvReader::read(in, [&](std::size_t line, const Row& row) {
+    reading.fault = exchange::CsvReader::read(in, [&](std::size_t line, const Row& row) {
         CHECK(line >= std::max<std::size_t>(last, 1) && line <= lines, "a line that is none");
         last = line;
         reading.rows.push_back(row);
@@ -36,7 +36,7 @@ Reading read(const std::string& text) {
 
 std::string written(const Table& table) {
     std::ostringstream out;
-    app::CsvWriter writer(out);
+    exchange::CsvWriter writer(out);
     for (const Row& row : table) writer.row(row);
     return out.str();
 }
@@ -69,8 +69,8 @@ void fuzzOne(Input input) {
     comesBack(table);
     for (const Row& row : table) {
         for (const std::string& field : row) {
-            const std::string safe = app::guarded(field);
-            CHECK(app::unguarded(safe) == field, field);
+            const std::string safe = exchange::guarded(field);
+            CHECK(exchange::unguarded(safe) == field, field);
             CHECK(safe.empty() || std::string_view("=+-@\\").find(safe[0]) == std::string::npos,
                   safe);
         }

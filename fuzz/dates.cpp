@@ -3,8 +3,8 @@
 // Input: 0 and a text; 1, a serial's bits and a picture.
 #include <cmath>
 
-#include "app/tables.h"
 #include "fuzz/harness.h"
+#include "hostkit/exchange/tables.h"
 #include "ledgerwick/values/format.h"
 #include "ledgerwick/values/variant.h"
 
@@ -23,8 +23,8 @@ void readsBack(Date date) {
     CHECK(read(date.toText()) == date, date.toText());
     CHECK(read(formatDate(date, "d mmm yyyy hh:nn:ss")) == date, date.toIso());
     CHECK(Variant(date.toText()).toDate() == date, date.toText());
-    const app::FieldLayout field{"D", VariantKind::Date};
-    const auto kept = app::readField(app::writeField(date, field), field);
+    const exchange::FieldLayout field{"D", VariantKind::Date};
+    const auto kept = exchange::readField(exchange::writeField(date, field), field);
     CHECK(kept.fault.empty() && kept.value.toDate() == date, date.toIso());
 }
 

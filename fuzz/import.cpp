@@ -8,9 +8,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/exchange.h"
-#include "app/tables.h"
 #include "fuzz/harness.h"
+#include "hostkit/exchange/company_files.h"
+#include "hostkit/exchange/tables.h"
 
 namespace ledgerwick::fuzz {
 
@@ -35,15 +35,15 @@ struct Folder {
 // A new database, without the cost of laying down its tables.
 class Company {
   public:
-    Company() { app::companyTables(*database); }
+    Company() { exchange::companyTables(*database); }
     void empty() {
-        for (const auto& table : app::companyTables(*database)) {
+        for (const auto& table : exchange::companyTables(*database)) {
             database->exec("DELETE FROM " + table.name);
         }
     }
     std::string contents(const char* table) {
         std::string text;
-        for (const auto& layout : app::companyTables(*database)) {
+        for (const auto& layout : exchange::companyTables(*database)) {
             if (layout.name != table) continue;
             const auto rows =
                 database->OpenRecordset("SELECT * FROM " + layout.name, RecordsetType::Snapshot);
@@ -51,14 +51,14 @@ class Company {
                 for (const auto& field : layout.fields) {
                     const Variant value = rows->Value(field.name);
                     text += std::to_string(static_cast<int>(value.kind())) + ':' +
-                            app::writeField(value, field) + '|';
+                            exchange::writeField(value, field) + '|';
                 }
                 text += '\n';
             }
         }
         return text;
     }
-    std::shared_ptr<sqlite::SqliteDatabase> database = app::openDatabaseFile(":memory:");
+    std::shared_ptr<sqlite::SqliteDatabase> database = exchange::openDatabaseFile(":memory:");
 };
 
 }  // namespace
@@ -73,16 +73,16 @@ void fuzzOne(Input input) {
     std::ofstream(file, std::ios::binary) << input.rest();
     first.empty();
     try {
-        app::importCompany(*first.database, folder.path);
-    } catch (const app::BadFiles& faults) {
+        exchange::importCompany(*first.database, folder.path);
+    } catch (const exchange::BadFiles& faults) {
         CHECK(first.contents(table).empty(), faults.what());
         CHECK(std::string_view(faults.what()).starts_with(table), faults.what());
         return;
     }
     const std::string stored = first.contents(table);
-    app::exportCompany(*first.database, folder.path);
+    exchange::exportCompany(*first.database, folder.path);
     second.empty();
-    app::importCompany(*second.database, folder.path);
+    exchange::importCompany(*second.database, folder.path);
     CHECK(second.contents(table) == stored, stored + second.contents(table));
 }
 

@@ -6,8 +6,8 @@
 #include <limits>
 #include <optional>
 
-#include "app/tables.h"
 #include "fuzz/harness.h"
+#include "hostkit/exchange/tables.h"
 #include "ledgerwick/values/format.h"
 #include "ledgerwick/values/text.h"
 #include "ledgerwick/values/variant.h"
@@ -63,9 +63,9 @@ void numberReadsBack(double value) {
     CHECK(again || std::abs(value) < 1e-300 || std::abs(value) > 1.7976931348623e308,
           numberText(value));
     if (again) CHECK(std::abs(*again - value) <= 1e-14 * std::abs(value), numberText(value));
-    const app::FieldLayout field{"N", VariantKind::Double};
-    const auto kept = app::readField(app::writeField(value, field), field);
-    CHECK(kept.fault.empty() && kept.value.toDouble() == value, app::writeField(value, field));
+    const exchange::FieldLayout field{"N", VariantKind::Double};
+    const auto kept = exchange::readField(exchange::writeField(value, field), field);
+    CHECK(kept.fault.empty() && kept.value.toDouble() == value, exchange::writeField(value, field));
     Currency money;
     if (raisedBy([&] { money = Currency::fromDouble(value); }) == 0) {
         CHECK(Currency::fromDouble(money.toDouble()).ticks() == money.ticks() ||

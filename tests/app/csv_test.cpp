@@ -1,5 +1,5 @@
 // Reading files of comma-separated values.
-#include "app/csv.h"
+#include "hostkit/exchange/csv.h"
 
 #include <gtest/gtest.h>
 
@@ -20,9 +20,10 @@ struct Row {
 std::vector<Row> rowsOf(const std::string& text) {
     std::istringstream in(text);
     std::vector<Row> rows;
-    const auto fault = CsvReader::read(in, [&rows](std::size_t line, const Fields& fields) {
-        rows.push_back({line, fields});
-    });
+    const auto fault =
+        exchange::CsvReader::read(in, [&rows](std::size_t line, const Fields& fields) {
+            rows.push_back({line, fields});
+        });
     return fault ? std::vector<Row>{{fault->line, {fault->reason}}} : rows;
 }
 

@@ -1,5 +1,5 @@
 // Companies into and out of files.
-#include "app/exchange.h"
+#include "hostkit/exchange/company_files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "app/tables.h"
+#include "hostkit/exchange/tables.h"
 
 namespace ledgerwick::app {
 namespace {
@@ -35,8 +35,8 @@ class Exchange : public testing::Test {
     // What an import of the folder says is wrong; empty when it was stored.
     std::string faults() {
         try {
-            importCompany(*database_, folder_);
-        } catch (const BadFiles& bad) {
+            exchange::importCompany(*database_, folder_);
+        } catch (const exchange::BadFiles& bad) {
             return bad.what();
         }
         return {};
@@ -53,7 +53,7 @@ class Exchange : public testing::Test {
     }
 
     std::filesystem::path folder_;
-    std::shared_ptr<sqlite::SqliteDatabase> database_ = openDatabaseFile(":memory:");
+    std::shared_ptr<sqlite::SqliteDatabase> database_ = exchange::openDatabaseFile(":memory:");
 };
 
 TEST_F(Exchange, FieldsLeftOutTakeTheTablesDefaults) {
@@ -145,7 +145,7 @@ TEST_F(Exchange, RowsThatALoadWouldStumbleOverAreNamed) {
     write("PRPayImport.csv", "PRPINAID,PRPIPay\n9,1\n");
     EXPECT_EQ(faults(), "");
     EXPECT_THAT(
-        brokenLinks(*database_),
+        exchange::brokenLinks(*database_),
         ElementsAre("employee 3 has no row in Customers",
                     "employee 2 has no employment; `employment add` lays one down",
                     "pay row 2 has no employment", "imported pay of 9 belongs to no employee"));

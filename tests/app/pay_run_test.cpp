@@ -1,5 +1,5 @@
 // What the command adds to a pay run as a host: marks and imported pay.
-#include "app/pay_run.h"
+#include "app/commands/pay_run.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "app/context.h"
-#include "app/exchange.h"
+#include "hostkit/exchange/company_files.h"
 
 namespace ledgerwick::app {
 namespace {
@@ -17,7 +17,7 @@ const Date payDate = Date::fromYmd(2026, 1, 30);
 class SampleRun : public testing::Test {
   protected:
     SampleRun() {
-        importCompany(*database_, SAMPLE_COMPANY);
+        exchange::importCompany(*database_, SAMPLE_COMPANY);
         session_ = std::make_unique<HostSession>(database_, payDate);
         session_->list().LoadEmployees();
     }
@@ -28,7 +28,7 @@ class SampleRun : public testing::Test {
         return rows->Value("N").toInt64();
     }
     Selection only(std::int32_t naid) const { return {payDate, PFREQ_SelAll, 0, naid}; }
-    std::shared_ptr<sqlite::SqliteDatabase> database_ = openDatabaseFile(":memory:");
+    std::shared_ptr<sqlite::SqliteDatabase> database_ = exchange::openDatabaseFile(":memory:");
     std::unique_ptr<HostSession> session_;
 };
 

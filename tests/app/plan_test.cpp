@@ -8,10 +8,10 @@
 #include <memory>
 #include <string>
 
-#include "app/exchange.h"
-#include "app/pay_run.h"
-#include "app/plan.h"
-#include "app/tables.h"
+#include "app/commands/pay_run.h"
+#include "app/commands/plan.h"
+#include "hostkit/exchange/company_files.h"
+#include "hostkit/exchange/tables.h"
 #include "hostkit/recording/recording_database.h"
 #include "hostkit/recording/statement_parts.h"
 
@@ -26,23 +26,25 @@ std::string rowName(std::string_view table, const std::string& key) {
     return std::string(table) + " " + key + " ";
 }
 
-void addCells(Recordset& row, const TableLayout& table, const std::string& key, Cells& cells) {
-    for (const FieldLayout& field : table.fields) {
+void addCells(Recordset& row, const exchange::TableLayout& table, const std::string& key,
+              Cells& cells) {
+    for (const exchange::FieldLayout& field : table.fields) {
         if (!field.isKey) {
-            cells[rowName(table.name, key) + field.name] = writeField(row.Value(field.name), field);
+            cells[rowName(table.name, key) + field.name] =
+                exchange::writeField(row.Value(field.name), field);
         }
     }
 }
 
 // The row's key, or the employee where a table has none.
-std::string keyIn(Recordset& row, const TableLayout& table) {
+std::string keyIn(Recordset& row, const exchange::TableLayout& table) {
     return row.Value(table.key() ? table.key()->name : table.fields[0].name).toText();
 }
 
 // Of the pay rows the last ones: no step is to touch the others.
 Cells cellsOf(sqlite::SqliteDatabase& database) {
     Cells cells;
-    for (const TableLayout& table : companyTables(database)) {
+    for (const exchange::TableLayout& table : exchange::companyTables(database)) {
         if (table.isSettings) continue;
         const std::string recent = table.name == "PRPay" ? " WHERE PRPPayDate > #1/20/2026#" : "";
         const auto rows =
@@ -53,7 +55,7 @@ Cells cellsOf(sqlite::SqliteDatabase& database) {
 }
 
 void putInto(Cells& cells, const recording::RowChange& change, sqlite::SqliteDatabase& database) {
-    const auto tables = companyTables(database);
+    const auto tables = exchange::companyTables(database);
     const auto table = std::find_if(tables.begin(), tables.end(),
                                     [&](const auto& each) { return each.name == change.table; });
     const std::string key =
@@ -71,18 +73,18 @@ void putInto(Cells& cells, const recording::RowChange& change, sqlite::SqliteDat
         addCells(*blank, *table, key, cells);
     }
     for (const recording::FieldChange& field : change.fields) {
-        const FieldLayout& layout = *table->field(field.field);
+        const exchange::FieldLayout& layout = *table->field(field.field);
         std::string& cell = cells[rowName(table->name, key) + layout.name];
         if (change.kind == recording::ChangeKind::Changed) {
-            EXPECT_EQ(cell, writeField(field.from, layout));
+            EXPECT_EQ(cell, exchange::writeField(field.from, layout));
         }
-        cell = writeField(field.to, layout);
+        cell = exchange::writeField(field.to, layout);
     }
 }
 
 TEST(Plan, IsExactlyWhatTheStepThenWrites) {
-    const auto database = openDatabaseFile(":memory:");
-    importCompany(*database, SAMPLE_COMPANY);
+    const auto database = exchange::openDatabaseFile(":memory:");
+    exchange::importCompany(*database, SAMPLE_COMPANY);
     const auto sessionOver = [](const std::shared_ptr<Database>& opened) {
         auto session = std::make_unique<HostSession>(opened, payDate);
         session->list().LoadEmployees();

@@ -5,7 +5,7 @@
 
 #include <sstream>
 
-#include "app/html.h"
+#include "hostkit/report/html.h"
 
 namespace ledgerwick::app {
 namespace {
@@ -61,7 +61,7 @@ TEST(Html, TextCannotLeaveItsPlace) {
         {"\xef\xbf\xbf", "\ufffd\ufffd\ufffd"},            // no character of XML
         {"\xf4\x90\x80\x80", "\ufffd\ufffd\ufffd\ufffd"},  // beyond the last
     };
-    for (const auto& [text, expected] : cases) EXPECT_EQ(htmlText(text), expected);
+    for (const auto& [text, expected] : cases) EXPECT_EQ(report::htmlText(text), expected);
 }
 
 }  // namespace

@@ -8,8 +8,8 @@
 #include <sstream>
 
 #include "app/command_line.h"
-#include "app/csv.h"
-#include "app/exchange.h"
+#include "hostkit/exchange/company_files.h"
+#include "hostkit/exchange/csv.h"
 #include "ledgerwick/values/text.h"
 #include "tests/hostile/texts.h"
 
@@ -23,7 +23,7 @@ class Command : public testing::Test {
     Command() {
         fs::remove_all(folder_);
         fs::create_directories(folder_);
-        app::importCompany(*app::openDatabaseFile(path_), SAMPLE_COMPANY);
+        exchange::importCompany(*exchange::openDatabaseFile(path_), SAMPLE_COMPANY);
     }
     ~Command() override { fs::remove_all(folder_); }
 
@@ -75,7 +75,7 @@ TEST_F(Command, RefusesThemInPlainWordsWhereTheyAreNoValue) {
 }
 
 TEST_F(Command, ShowsThemWithoutTheirTeethAndHandsThemOnWhole) {
-    const auto database = app::openDatabaseFile(path_);
+    const auto database = exchange::openDatabaseFile(path_);
     const auto& texts = hostileTexts();
     for (std::size_t next = 0; next < texts.size();) {
         std::vector<std::string> put;  // a reference for each customer
@@ -96,8 +96,8 @@ TEST_F(Command, ShowsThemWithoutTheirTeethAndHandsThemOnWhole) {
         std::vector<std::string> read;
         std::istringstream in(out_.str());
         EXPECT_FALSE(
-            app::CsvReader::read(in, [&](std::size_t, const std::vector<std::string>& row) {
-                read.push_back(app::unguarded(row.at(1)));
+            exchange::CsvReader::read(in, [&](std::size_t, const std::vector<std::string>& row) {
+                read.push_back(exchange::unguarded(row.at(1)));
             }));
         ASSERT_EQ(read.size(), list.size() + 1);
         for (std::size_t i = 0; i < list.size(); ++i) {

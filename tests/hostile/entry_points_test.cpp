@@ -8,8 +8,8 @@
 #include <functional>
 #include <sstream>
 
-#include "app/csv.h"
-#include "app/exchange.h"
+#include "hostkit/exchange/company_files.h"
+#include "hostkit/exchange/csv.h"
 #include "hostkit/services/customer_functions.h"
 #include "hostkit/services/file_functions.h"
 #include "hostkit/services/parameters.h"
@@ -61,13 +61,13 @@ struct World {
     // Every table but the workstation's own, as it would be written to files.
     std::string contents() {
         std::ostringstream out;
-        app::CsvWriter writer(out);
-        for (const auto& table : app::companyTables(company.database())) {
+        exchange::CsvWriter writer(out);
+        for (const auto& table : exchange::companyTables(company.database())) {
             const auto rs = row(table.name);
             for (; !rs->Eof(); rs->MoveNext()) {
                 std::vector<std::string> cells{table.name};
                 for (const auto& field : table.fields) {
-                    cells.push_back(app::writeField(rs->Value(field.name), field));
+                    cells.push_back(exchange::writeField(rs->Value(field.name), field));
                 }
                 writer.row(cells);
             }
@@ -126,17 +126,17 @@ const EntryPoint entryPoints[] = {
      }},
     {"a file of an import",
      [](World& world, const std::string& text) {
-         const auto other = app::openDatabaseFile(":memory:");
+         const auto other = exchange::openDatabaseFile(":memory:");
          const fs::path files = world.folder / "files";
          fs::remove_all(files);
          fs::create_directories(files);
          std::ofstream out(files / "Customers.csv", std::ios::binary);
-         app::CsvWriter writer(out);
+         exchange::CsvWriter writer(out);
          writer.row({"NAID", "NABusName"});
-         writer.row({"7", app::guarded(text)});
+         writer.row({"7", exchange::guarded(text)});
          out.close();
-         app::importCompany(*other, files);
-         app::exportCompany(*other, files);
+         exchange::importCompany(*other, files);
+         exchange::exportCompany(*other, files);
          return other->OpenRecordset("SELECT NABusName FROM Customers", RecordsetType::Snapshot)
              ->Value("NABusName")
              .toText();
@@ -294,7 +294,7 @@ TEST(HostileTexts, ComeBackAsTheyWereOrAreRefusedAndChangeNothingElse) {
                 EXPECT_NE(error.Number(), 0);
                 EXPECT_FALSE(error.Source().empty());
                 EXPECT_GT(error.Description().size(), 10U) << error.what();
-            } catch (const app::BadFiles& bad) {
+            } catch (const exchange::BadFiles& bad) {
                 EXPECT_FALSE(isText(text)) << bad.what();
                 EXPECT_STREQ(bad.what(),
                              "Customers.csv, line 2, field NABusName: the text is not UTF-8");

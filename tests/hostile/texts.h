@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/tables.h"
+#include "hostkit/exchange/tables.h"
 
 namespace ledgerwick::test {
 
@@ -32,7 +32,7 @@ inline const std::vector<std::string>& hostileTexts() {
 
 // Whether the bytes are text: UTF-8 without a zero byte. Others may be refused.
 inline bool isText(const std::string& text) {
-    return app::readField("'" + text, {"any", VariantKind::Text}).fault.empty();
+    return exchange::readField("'" + text, {"any", VariantKind::Text}).fault.empty();
 }
 
 }  // namespace ledgerwick::test

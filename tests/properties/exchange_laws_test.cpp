@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <map>
 
-#include "app/exchange.h"
-#include "app/tables.h"
+#include "hostkit/exchange/company_files.h"
+#include "hostkit/exchange/tables.h"
 #include "ledgerwick/records/record_access.h"
 
 namespace ledgerwick::test {
@@ -33,7 +33,7 @@ rc::Gen<std::string> anyText() {
 }
 
 // A value that a field can hold; Null now and then.
-Variant anyValue(const app::FieldLayout& field) {
+Variant anyValue(const exchange::FieldLayout& field) {
     if (!field.isKey && *rc::gen::weightedElement<bool>({{9, false}, {1, true}})) return Null;
     const auto whole = *rc::gen::arbitrary<std::int32_t>();
     if (field.isDayNumber) return Variant(std::abs(whole % 60000));
@@ -58,11 +58,11 @@ Variant anyValue(const app::FieldLayout& field) {
     }
 }
 
-std::vector<Cells> rowsOf(sqlite::SqliteDatabase& database, const app::TableLayout& table) {
+std::vector<Cells> rowsOf(sqlite::SqliteDatabase& database, const exchange::TableLayout& table) {
     std::vector<Cells> rows;
     const auto set = database.OpenRecordset("SELECT * FROM " + table.name, RecordsetType::Snapshot);
     for (; !set->Eof(); set->MoveNext()) {
-        for (Cells& row = rows.emplace_back(); const app::FieldLayout& field : table.fields) {
+        for (Cells& row = rows.emplace_back(); const exchange::FieldLayout& field : table.fields) {
             row[field.name] = set->Value(field.name);
         }
     }
@@ -72,9 +72,9 @@ std::vector<Cells> rowsOf(sqlite::SqliteDatabase& database, const app::TableLayo
 RC_GTEST_PROP(Exchange, OfAnyCompanyGivesTheSameDatabase, ()) {
     const fs::path folder =
         fs::path(testing::TempDir()) / ("ledgerwick-laws-" + std::to_string(getpid()));
-    const auto first = app::openDatabaseFile(":memory:");
-    const auto second = app::openDatabaseFile(":memory:");
-    const auto tables = app::companyTables(*first);
+    const auto first = exchange::openDatabaseFile(":memory:");
+    const auto second = exchange::openDatabaseFile(":memory:");
+    const auto tables = exchange::companyTables(*first);
     for (const auto& table : tables) {
         if (table.isSettings) continue;
         const auto set =
@@ -82,14 +82,14 @@ RC_GTEST_PROP(Exchange, OfAnyCompanyGivesTheSameDatabase, ()) {
         const auto count = *rc::gen::inRange<std::int32_t>(0, 3);
         for (std::int32_t key = 1; key <= count; ++key) {
             set->AddNew();
-            for (const app::FieldLayout& field : table.fields) {
+            for (const exchange::FieldLayout& field : table.fields) {
                 set->Value(field.name, field.isKey ? Variant(key) : anyValue(field));
             }
             set->Update();
         }
     }
-    app::exportCompany(*first, folder);
-    app::importCompany(*second, folder);
+    exchange::exportCompany(*first, folder);
+    exchange::importCompany(*second, folder);
     for (const auto& table : tables) {
         const auto before = rowsOf(*first, table);
         const auto after = rowsOf(*second, table);

@@ -1,0 +1,103 @@
+#include <filesystem>
+#include <memory>
+
+#include "app/commands/commands.h"
+#include "app/options.h"
+#include "hostkit/exchange/company_files.h"
+#include "hostkit/office/company.h"
+
+namespace ledgerwick::app {
+
+namespace {
+
+struct CompanyOptions {
+    std::string database;
+    std::string folder;
+    int year = 0;
+};
+
+void removeFile(const std::string& path) {
+    for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(path + ending);
+}
+
+void runNew(const Context& context, const CompanyOptions& options) {
+    if (std::filesystem::exists(options.database)) {
+        throw Refusal(options.database + " is there already");
+    }
+    office::layDownSettings(*exchange::openDatabaseFile(options.database), options.year);
+    Report report;
+    report.say(options.database + " laid down for the tax year from 6 April " +
+               std::to_string(options.year) + ", payroll year " +
+               std::to_string(options.year - 1999));
+    context.show(report);
+}
+
+void show(const Context& context, const std::vector<exchange::TableCount>& counts,
+          const std::string& done) {
+    Report report;
+    Table& table = report.table("tables", {"table", "rows"});
+    std::int64_t rows = 0;
+    for (const exchange::TableCount& count : counts) {
+        table.add({count.table, static_cast<std::int64_t>(count.rows)});
+        rows += static_cast<std::int64_t>(count.rows);
+    }
+    report.say(counted(rows, "row") + " " + done);
+    context.show(report);
+}
+
+void runImport(const Context& context, const CompanyOptions& options) {
+    const bool isNew = !std::filesystem::exists(options.database);
+    try {
+        const auto database = exchange::openDatabaseFile(options.database);
+        show(context, exchange::importCompany(*database, options.folder), "imported");
+        for (const std::string& broken : exchange::brokenLinks(*database)) {
+            context.err << "ledgerwick: warning: " << broken << '\n';
+        }
+    } catch (...) {
+        if (isNew) removeFile(options.database);
+        throw;
+    }
+}
+
+void runExport(const Context& context, const CompanyOptions& options) {
+    if (!std::filesystem::exists(options.database)) {
+        throw Refusal("there is no database " + options.database);
+    }
+    show(context,
+         exchange::exportCompany(*exchange::openDatabaseFile(options.database), options.folder),
+         "exported");
+}
+
+}  // namespace
+
+void addCompanyCommands(CLI::App& app, Context& context) {
+    const auto options = std::make_shared<CompanyOptions>();
+
+    auto* create = app.add_subcommand("new", "Lay down an empty database for a company");
+    addDatabase(*create, options->database);
+    create->add_option("--year", options->year, "The calendar year in which the tax year begins")
+        ->required()
+        ->check(CLI::Range(2001, 9990));
+    create->callback([&context, options] {
+        context.action = [&context, options] { runNew(context, *options); };
+    });
+
+    auto* importing = app.add_subcommand(
+        "import", "Take in a company from CSV files, one for each table; DB is made if need be");
+    addDatabase(*importing, options->database);
+    importing->add_option("DIR", options->folder, "The folder of the files")
+        ->required()
+        ->check(CLI::ExistingDirectory);
+    importing->callback([&context, options] {
+        context.action = [&context, options] { runImport(context, *options); };
+    });
+
+    auto* exporting = app.add_subcommand("export", "Write every table of a company as a CSV file");
+    addDatabase(*exporting, options->database);
+    exporting->add_option("DIR", options->folder, "The folder for the files")->required();
+    exporting->callback([&context, options] {
+        context.action = [&context, options] { runExport(context, *options); };
+    });
+}
+
+}  // namespace ledgerwick::app

@@ -1,0 +1,32 @@
+// A tax year drawn as one picture: every day in its tax week, the periods below, pay dates on top.
+//
+//   std::ofstream("year.svg") << drawYear({.taxYear = 2015, .marks = {{day, PFREQ_Monthly}}});
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "hostkit/export.h"
+#include "ledgerwick/ledgerwick.h"
+
+namespace ledgerwick::report {
+
+struct PayMark {
+    Date date;
+    PR_Pay_Freq frequency;
+    bool isPaid = true;  // drawn full; one that is only expected is drawn hollow
+};
+
+struct YearDrawing {
+    int taxYear = 0;  // the calendar year in which it begins
+    std::vector<PayMark> marks{};
+    std::optional<Date> today{};
+    std::optional<Date> payDate{};  // of the run at hand
+};
+
+// The drawing as a document of its own, or for a page to hold.
+// Shape:  an `svg` element that needs nothing from elsewhere.
+LEDGERWICK_HOSTKIT_API std::string drawYear(const YearDrawing& drawing);
+
+}  // namespace ledgerwick::report
