@@ -1,4 +1,5 @@
 // The employees as tables, and how an employment begins and ends.
+#include "capi/columns.h"
 #include "capi/session.h"
 #include "capi/table.h"
 #include "hostkit/office/employments.h"
@@ -17,140 +18,109 @@ void forEach(Session& session, std::int32_t naid, Work&& work) {
     for (const auto& employee : session.list().Employees()) work(*employee);
 }
 
-std::unique_ptr<Table> employees(Session& session, std::int32_t naid) {
-    auto table =
-        std::make_unique<Table>(std::vector<std::string>{"naid",         "reference",
-                                                         "name",         "title",
-                                                         "forename",     "surname",
-                                                         "nino",         "date_of_birth",
-                                                         "frequency",    "group",
-                                                         "active",       "casual",
-                                                         "director",     "hourly_paid",
-                                                         "tax_code",     "ni_table",
-                                                         "period_rate",  "hourly_rate",
-                                                         "scheme",       "ae_joined",
-                                                         "ae_opt_in",    "ae_postponed_until",
-                                                         "employments",  "prtid",
-                                                         "payroll_year", "employ_count",
-                                                         "start",        "end",
-                                                         "ae_status",    "last_week",
-                                                         "last_pay",     "last_period_end",
-                                                         "next_pay",     "next_period_end"});
+// An employee with one employment.
+struct Of {
+    cEmployee& employee;
+    const cEmployment& employment;
+};
+
+constexpr ColumnOf<Of> employeeColumns[] = {
+    {"naid", [](const Of& of) -> Variant { return of.employee.NAID(); }},
+    {"reference", [](const Of& of) -> Variant { return of.employee.UserRef(); }},
+    {"name", [](const Of& of) -> Variant { return of.employee.Name(); }},
+    {"title", [](const Of& of) -> Variant { return of.employee.Title(); }},
+    {"forename", [](const Of& of) -> Variant { return of.employee.Forename1(); }},
+    {"surname", [](const Of& of) -> Variant { return of.employee.Surname(); }},
+    {"nino", [](const Of& of) -> Variant { return of.employee.NINO(); }},
+    {"date_of_birth", [](const Of& of) -> Variant { return of.employee.DOB(); }},
+    {"frequency", [](const Of& of) -> Variant { return of.employee.PayFrequency(); }},
+    {"group", [](const Of& of) -> Variant { return of.employee.Group(); }},
+    {"active", [](const Of& of) -> Variant { return of.employee.Active(); }},
+    {"casual", [](const Of& of) -> Variant { return of.employee.Casual(); }},
+    {"director", [](const Of& of) -> Variant { return of.employee.Director(); }},
+    {"hourly_paid", [](const Of& of) -> Variant { return of.employee.HourlyPaid(); }},
+    {"tax_code", [](const Of& of) -> Variant { return of.employee.TaxCode(); }},
+    {"ni_table", [](const Of& of) -> Variant { return of.employee.NITable(); }},
+    {"period_rate", [](const Of& of) -> Variant { return of.employee.PeriodRate(); }},
+    {"hourly_rate", [](const Of& of) -> Variant { return of.employee.HourlyRate(); }},
+    {"scheme", [](const Of& of) -> Variant { return of.employee.PenWorkplaceSchemeID(); }},
+    {"ae_joined", [](const Of& of) -> Variant { return of.employee.AEJoinedDate(); }},
+    {"ae_opt_in", [](const Of& of) -> Variant { return of.employee.AEOptInDate(); }},
+    {"ae_postponed_until",
+     [](const Of& of) -> Variant { return of.employee.AEPostponementDate(); }},
+    {"employments", [](const Of& of) -> Variant { return of.employee.Employments().Count(); }},
+    {"prtid", [](const Of& of) -> Variant { return of.employment.PRTID(); }},
+    {"payroll_year", [](const Of& of) -> Variant { return of.employment.PayrollYear(); }},
+    {"employ_count", [](const Of& of) -> Variant { return of.employment.EmployCount(); }},
+    {"start", [](const Of& of) -> Variant { return of.employment.PRTStartDate(); }},
+    {"end", [](const Of& of) -> Variant { return of.employment.EndDate(); }},
+    {"ae_status", [](const Of& of) -> Variant { return of.employment.AEStatusCur(); }},
+    {"last_week", [](const Of& of) -> Variant { return of.employment.LastWeekNo(); }},
+    {"last_pay", [](const Of& of) -> Variant { return of.employment.LastPayDate(); }},
+    {"last_period_end", [](const Of& of) -> Variant { return of.employment.LastEPEDate(); }},
+    {"next_pay", [](const Of& of) -> Variant { return of.employment.NExpPayDate(); }},
+    {"next_period_end", [](const Of& of) -> Variant { return of.employment.NExpEPEDate(); }},
+};
+
+constexpr ColumnOf<Of> employmentColumns[] = {
+    {"naid", [](const Of& of) -> Variant { return of.employee.NAID(); }},
+    {"prtid", [](const Of& of) -> Variant { return of.employment.PRTID(); }},
+    {"payroll_year", [](const Of& of) -> Variant { return of.employment.PayrollYear(); }},
+    {"employ_count", [](const Of& of) -> Variant { return of.employment.EmployCount(); }},
+    {"start", [](const Of& of) -> Variant { return of.employment.PRTStartDate(); }},
+    {"end", [](const Of& of) -> Variant { return of.employment.EndDate(); }},
+    {"tax_start", [](const Of& of) -> Variant { return of.employment.HMRCStartDate(); }},
+    {"ae_start", [](const Of& of) -> Variant { return of.employment.StartDate(); }},
+    {"active", [](const Of& of) -> Variant { return of.employment.Active(); }},
+    {"casual", [](const Of& of) -> Variant { return of.employment.Casual(); }},
+    {"void", [](const Of& of) -> Variant { return of.employment.IsVoid(); }},
+    {"continuation", [](const Of& of) -> Variant { return of.employment.Continuation(); }},
+    {"ae_continuation", [](const Of& of) -> Variant { return of.employment.AEContinuation(); }},
+    {"continues_prtid",
+     [](const Of& of) -> Variant { return of.employment.ContinuationOfPRTID(); }},
+    {"ae_status_start", [](const Of& of) -> Variant { return of.employment.AEStatusStart(); }},
+    {"ae_status", [](const Of& of) -> Variant { return of.employment.AEStatusCur(); }},
+    {"first_prpid", [](const Of& of) -> Variant { return of.employment.FirstPRPID(); }},
+    {"last_prpid", [](const Of& of) -> Variant { return of.employment.LastUD_PRPID(); }},
+    {"last_week", [](const Of& of) -> Variant { return of.employment.LastWeekNo(); }},
+    {"last_month", [](const Of& of) -> Variant { return of.employment.LastMonthNo(); }},
+    {"last_frequency", [](const Of& of) -> Variant { return of.employment.LastPayFreq(); }},
+    {"first_period_end", [](const Of& of) -> Variant { return of.employment.FirstEPEDate(); }},
+    {"last_pay", [](const Of& of) -> Variant { return of.employment.LastPayDate(); }},
+    {"last_expected_pay", [](const Of& of) -> Variant { return of.employment.LExpPayDate(); }},
+    {"last_period_end", [](const Of& of) -> Variant { return of.employment.LastEPEDate(); }},
+    {"next_pay", [](const Of& of) -> Variant { return of.employment.NExpPayDate(); }},
+    {"next_period_end", [](const Of& of) -> Variant { return of.employment.NExpEPEDate(); }},
+    {"has_imported_pay", [](const Of& of) -> Variant { return of.employment.HasImportedPay(); }},
+    {"imported_pay", [](const Of& of) -> Variant { return of.employment.ImportedPayValue(); }},
+    {"maternity_weeks",
+     [](const Of& of) -> Variant { return of.employment.SMPConsecutiveWeeks(); }},
+    {"adoption_weeks", [](const Of& of) -> Variant { return of.employment.SAPConsecutiveWeeks(); }},
+    {"paternity_weeks",
+     [](const Of& of) -> Variant { return of.employment.SPPConsecutiveWeeks(); }},
+    {"shared_parental_days",
+     [](const Of& of) -> Variant { return of.employment.ShPPConsecutiveDays(); }},
+    {"student_loan_plan", [](const Of& of) -> Variant { return of.employment.SLCurStatus(); }},
+    {"postgraduate_loan", [](const Of& of) -> Variant { return of.employment.PGLCurStatus(); }},
+};
+
+std::unique_ptr<Table> employees(Session& session, std::int32_t naid, const char* columns) {
+    const ChosenColumns<Of> chosen(employeeColumns, columns);
+    auto table = chosen.table();
     forEach(session, naid, [&](cEmployee& employee) {
         auto employment = employee.MostRecentEmployment();
         if (!employment) employment = employee.CurEmployment();
-        table->add({employee.NAID(),
-                    employee.UserRef(),
-                    employee.Name(),
-                    employee.Title(),
-                    employee.Forename1(),
-                    employee.Surname(),
-                    employee.NINO(),
-                    employee.DOB(),
-                    employee.PayFrequency(),
-                    employee.Group(),
-                    employee.Active(),
-                    employee.Casual(),
-                    employee.Director(),
-                    employee.HourlyPaid(),
-                    employee.TaxCode(),
-                    employee.NITable(),
-                    employee.PeriodRate(),
-                    employee.HourlyRate(),
-                    employee.PenWorkplaceSchemeID(),
-                    employee.AEJoinedDate(),
-                    employee.AEOptInDate(),
-                    employee.AEPostponementDate(),
-                    employee.Employments().Count(),
-                    employment->PRTID(),
-                    employment->PayrollYear(),
-                    employment->EmployCount(),
-                    employment->PRTStartDate(),
-                    employment->EndDate(),
-                    employment->AEStatusCur(),
-                    employment->LastWeekNo(),
-                    employment->LastPayDate(),
-                    employment->LastEPEDate(),
-                    employment->NExpPayDate(),
-                    employment->NExpEPEDate()});
+        chosen.addRow(*table, {employee, *employment});
     });
     return table;
 }
 
-std::unique_ptr<Table> employments(Session& session, std::int32_t naid) {
-    auto table = std::make_unique<Table>(std::vector<std::string>{"naid",
-                                                                  "prtid",
-                                                                  "payroll_year",
-                                                                  "employ_count",
-                                                                  "start",
-                                                                  "end",
-                                                                  "tax_start",
-                                                                  "ae_start",
-                                                                  "active",
-                                                                  "casual",
-                                                                  "void",
-                                                                  "continuation",
-                                                                  "ae_continuation",
-                                                                  "continues_prtid",
-                                                                  "ae_status_start",
-                                                                  "ae_status",
-                                                                  "first_prpid",
-                                                                  "last_prpid",
-                                                                  "last_week",
-                                                                  "last_month",
-                                                                  "last_frequency",
-                                                                  "first_period_end",
-                                                                  "last_pay",
-                                                                  "last_expected_pay",
-                                                                  "last_period_end",
-                                                                  "next_pay",
-                                                                  "next_period_end",
-                                                                  "has_imported_pay",
-                                                                  "imported_pay",
-                                                                  "maternity_weeks",
-                                                                  "adoption_weeks",
-                                                                  "paternity_weeks",
-                                                                  "shared_parental_days",
-                                                                  "student_loan_plan",
-                                                                  "postgraduate_loan"});
+std::unique_ptr<Table> employments(Session& session, std::int32_t naid, const char* columns) {
+    const ChosenColumns<Of> chosen(employmentColumns, columns);
+    auto table = chosen.table();
     forEach(session, naid, [&](cEmployee& employee) {
         for (const auto& employment : employee.Employments()) {
-            const cEmployment& one = *employment;
-            table->add({employee.NAID(),
-                        one.PRTID(),
-                        one.PayrollYear(),
-                        one.EmployCount(),
-                        one.PRTStartDate(),
-                        one.EndDate(),
-                        one.HMRCStartDate(),
-                        one.StartDate(),
-                        one.Active(),
-                        one.Casual(),
-                        one.IsVoid(),
-                        one.Continuation(),
-                        one.AEContinuation(),
-                        one.ContinuationOfPRTID(),
-                        one.AEStatusStart(),
-                        one.AEStatusCur(),
-                        one.FirstPRPID(),
-                        one.LastUD_PRPID(),
-                        one.LastWeekNo(),
-                        one.LastMonthNo(),
-                        one.LastPayFreq(),
-                        one.FirstEPEDate(),
-                        one.LastPayDate(),
-                        one.LExpPayDate(),
-                        one.LastEPEDate(),
-                        one.NExpPayDate(),
-                        one.NExpEPEDate(),
-                        one.HasImportedPay(),
-                        one.ImportedPayValue(),
-                        one.SMPConsecutiveWeeks(),
-                        one.SAPConsecutiveWeeks(),
-                        one.SPPConsecutiveWeeks(),
-                        one.ShPPConsecutiveDays(),
-                        one.SLCurStatus(),
-                        one.PGLCurStatus()});
+            chosen.addRow(*table, {employee, *employment});
         }
     });
     return table;
@@ -183,17 +153,29 @@ std::int32_t ledgerwick_count(ledgerwick_session* session, std::int32_t* all, st
 
 std::int32_t ledgerwick_employees(ledgerwick_session* session, std::int32_t naid,
                                   ledgerwick_table** out, ledgerwick_error* error) {
+    return ledgerwick_employees_select(session, naid, nullptr, out, error);
+}
+
+std::int32_t ledgerwick_employees_select(ledgerwick_session* session, std::int32_t naid,
+                                         const char* columns, ledgerwick_table** out,
+                                         ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        giveHandle(out, employees(sessionIn(session), naid));
+        giveHandle(out, employees(sessionIn(session), naid, columns));
     });
 }
 
 std::int32_t ledgerwick_employments(ledgerwick_session* session, std::int32_t naid,
                                     ledgerwick_table** out, ledgerwick_error* error) {
+    return ledgerwick_employments_select(session, naid, nullptr, out, error);
+}
+
+std::int32_t ledgerwick_employments_select(ledgerwick_session* session, std::int32_t naid,
+                                           const char* columns, ledgerwick_table** out,
+                                           ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        giveHandle(out, employments(sessionIn(session), naid));
+        giveHandle(out, employments(sessionIn(session), naid, columns));
     });
 }
 

@@ -173,7 +173,8 @@ enum {
     LEDGERWICK_DOUBLE = 4,    // a number with a fraction
     LEDGERWICK_MONEY = 5,     // an amount in ten-thousandths
     LEDGERWICK_DATE = 6,      // eight digits, or 0
-    LEDGERWICK_TEXT = 7       // UTF-8
+    LEDGERWICK_TEXT = 7,      // UTF-8
+    LEDGERWICK_MIXED = 8      // of a column alone: its cells are of several kinds
 };
 
 // Closing NULL does nothing.
@@ -223,17 +224,91 @@ LEDGERWICK_C_API int32_t ledgerwick_table_row(ledgerwick_table* table, int64_t r
                                               ledgerwick_cell* cells, int32_t count,
                                               ledgerwick_error* error);
 
+// What the cells of a column hold: the kind of those that hold a value, LEDGERWICK_EMPTY when none
+// does, LEDGERWICK_MIXED when they are of several kinds.
+// Errors: 9 outside the table.
+LEDGERWICK_C_API int32_t ledgerwick_table_column_kind(ledgerwick_table* table, int32_t column,
+                                                      int32_t* kind, ledgerwick_error* error);
+
+// The structures of the Arrow C data interface, by which libraries of data frames and columnar
+// stores hand each other whole columns without a copy.
+#ifndef ARROW_C_DATA_INTERFACE
+#define ARROW_C_DATA_INTERFACE
+#define ARROW_FLAG_DICTIONARY_ORDERED 1
+#define ARROW_FLAG_NULLABLE 2
+#define ARROW_FLAG_MAP_KEYS_SORTED 4
+struct ArrowSchema {
+    const char* format;
+    const char* name;
+    const char* metadata;
+    int64_t flags;
+    int64_t n_children;
+    struct ArrowSchema** children;
+    struct ArrowSchema* dictionary;
+    void (*release)(struct ArrowSchema*);
+    void* private_data;
+};
+struct ArrowArray {
+    int64_t length;
+    int64_t null_count;
+    int64_t offset;
+    int64_t n_buffers;
+    int64_t n_children;
+    const void** buffers;
+    struct ArrowArray** children;
+    struct ArrowArray* dictionary;
+    void (*release)(struct ArrowArray*);
+    void* private_data;
+};
+#endif
+#ifndef ARROW_C_STREAM_INTERFACE
+#define ARROW_C_STREAM_INTERFACE
+struct ArrowArrayStream {
+    int (*get_schema)(struct ArrowArrayStream*, struct ArrowSchema* out);
+    int (*get_next)(struct ArrowArrayStream*, struct ArrowArray* out);
+    const char* (*get_last_error)(struct ArrowArrayStream*);
+    void (*release)(struct ArrowArrayStream*);
+    void* private_data;
+};
+#endif
+// All columns of a table at once, as a structure array with a child for each. What is handed out
+// belongs to the caller, who calls its `release` when it is done; it outlives the table and may be
+// used and released on any thread. `schema` may be NULL.
+// Shape:  booleans "b", whole numbers "l", numbers "g", money "d:19,4", dates "tdD", texts and
+//         mixed columns "U", columns without a value "n". A cell without a value, or with a date
+//         that is not set, is null.
+LEDGERWICK_C_API int32_t ledgerwick_table_arrow(ledgerwick_table* table, struct ArrowSchema* schema,
+                                                struct ArrowArray* array, ledgerwick_error* error);
+// The rows `first`, `first + step` and so on of such an array, `rows` of them, as a stream of one
+// batch. With a step of 1 nothing is copied. The array stays the caller's.
+// Errors: 5 for an array that was released or is not of `ledgerwick_table_arrow`, 9 outside it.
+LEDGERWICK_C_API int32_t ledgerwick_arrow_stream(const struct ArrowArray* array, int64_t first,
+                                                 int64_t step, int64_t rows,
+                                                 struct ArrowArrayStream* stream,
+                                                 ledgerwick_error* error);
+
 // ---- rows of the database -----------------------------------------------------------------------
 // The tables are Customers, PREmployeeDetails, PREmployments, PREmploymentsAddInfo, PRPay,
 // PensionSchemes, Orders, Deadstock, UoM, PRYearEnds, PRControl (whose one row has the key 0) and,
 // for reading, PRPayImport and Parameters. What a program writes here the loaded employees show
 // after `ledgerwick_reload`.
 
-// Every row of a table, or with `naid` other than 0 those of one employee.
+// Every row of a table by its key, or with `naid` other than 0 those of one employee.
 // Errors: 3265 for an unknown table, and for one whose rows belong to no employee.
 LEDGERWICK_C_API int32_t ledgerwick_rows(ledgerwick_session* session, const char* table,
                                          int32_t naid, ledgerwick_table** out,
                                          ledgerwick_error* error);
+// As above, with the columns named in `columns` ("PRPID,PRPPeriodPay"; NULL: all), and only the rows
+// of payroll year `year` (0: of all) that bear `since` or a later day (0: any): the pay date of a
+// pay row, the start of an employment, the day of an order.
+// Errors: as above; 3265 for an unknown column, and where the table has no such year or day.
+LEDGERWICK_C_API int32_t ledgerwick_rows_select(ledgerwick_session* session, const char* table,
+                                                const char* columns, int32_t naid, int32_t year,
+                                                ledgerwick_date since, ledgerwick_table** out,
+                                                ledgerwick_error* error);
+// The fields of a table: name, kind ("boolean", "integer", "number", "money", "date", "text").
+LEDGERWICK_C_API int32_t ledgerwick_fields(ledgerwick_session* session, const char* table,
+                                           ledgerwick_table** out, ledgerwick_error* error);
 
 // Begins a new row, or works on the one with that key.
 // Errors: 3265 for an unknown table, 3021 for an unknown key.
@@ -245,6 +320,10 @@ LEDGERWICK_C_API int32_t ledgerwick_row_open(ledgerwick_session* session, const 
 // What the row held when it was opened or stored last, with what was set since.
 LEDGERWICK_C_API int32_t ledgerwick_row_kind(ledgerwick_row* row, const char* field, int32_t* kind,
                                              ledgerwick_error* error);
+// The kind of value that a field takes, whatever it holds now: LEDGERWICK_BOOLEAN ...
+// Errors: 3265 for an unknown field.
+LEDGERWICK_C_API int32_t ledgerwick_row_field_kind(ledgerwick_row* row, const char* field,
+                                                   int32_t* kind, ledgerwick_error* error);
 LEDGERWICK_C_API int32_t ledgerwick_row_integer(ledgerwick_row* row, const char* field,
                                                 int64_t* value, ledgerwick_error* error);
 LEDGERWICK_C_API int32_t ledgerwick_row_double(ledgerwick_row* row, const char* field,
@@ -286,9 +365,18 @@ LEDGERWICK_C_API int32_t ledgerwick_count(ledgerwick_session* session, int32_t* 
 // Errors: 91 for an unknown employee.
 LEDGERWICK_C_API int32_t ledgerwick_employees(ledgerwick_session* session, int32_t naid,
                                               ledgerwick_table** out, ledgerwick_error* error);
+// As above, with the columns named in `columns` alone ("naid,name"; NULL: all).
+// Errors: 91 for an unknown employee, 3265 for an unknown column.
+LEDGERWICK_C_API int32_t ledgerwick_employees_select(ledgerwick_session* session, int32_t naid,
+                                                     const char* columns, ledgerwick_table** out,
+                                                     ledgerwick_error* error);
 // One row for each employment with its running state, oldest first; `naid` as above.
 LEDGERWICK_C_API int32_t ledgerwick_employments(ledgerwick_session* session, int32_t naid,
                                                 ledgerwick_table** out, ledgerwick_error* error);
+// As above, with the columns named in `columns` alone.
+LEDGERWICK_C_API int32_t ledgerwick_employments_select(ledgerwick_session* session, int32_t naid,
+                                                       const char* columns, ledgerwick_table** out,
+                                                       ledgerwick_error* error);
 
 // Adds an employment of the current payroll year to one who has a row in Customers and
 // PREmployeeDetails, and for a regular one the row from which pay is counted.

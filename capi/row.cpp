@@ -2,8 +2,8 @@
 #include <array>
 #include <optional>
 
+#include "capi/columns.h"
 #include "capi/session.h"
-#include "capi/table.h"
 #include "hostkit/sqlite/recordset.h"
 #include "ledgerwick/values/text.h"
 
@@ -17,22 +17,24 @@ struct TableName {
     std::string_view name;
     std::string_view key;       // empty when a row cannot be asked for by a number
     std::string_view employee;  // the field that says whose row it is; empty for none
+    std::string_view year;      // its payroll year, and its day
+    std::string_view day;
 };
 
 constexpr std::array tableNames{
-    TableName{"Customers", "NAID", "NAID"},
-    TableName{"PREmployeeDetails", "PRENAID", "PRENAID"},
-    TableName{"PREmployments", "PRTID", "PRTNAID"},
-    TableName{"PREmploymentsAddInfo", "PRTAID", ""},
-    TableName{"PRPay", "PRPID", "PRPNAID"},
-    TableName{"PensionSchemes", "PSID", ""},
-    TableName{"Orders", "OrdID", "OrdNAID"},
-    TableName{"Deadstock", "DSIDNo", ""},
-    TableName{"UoM", "UoMNo", ""},
-    TableName{"PRYearEnds", "PRYEYear", ""},
-    TableName{"PRControl", "0", ""},
-    TableName{"PRPayImport", "", "PRPINAID"},
-    TableName{"Parameters", "", ""},
+    TableName{"Customers", "NAID", "NAID", "", ""},
+    TableName{"PREmployeeDetails", "PRENAID", "PRENAID", "", ""},
+    TableName{"PREmployments", "PRTID", "PRTNAID", "PRTPayrollYear", "PRTStartDate"},
+    TableName{"PREmploymentsAddInfo", "PRTAID", "", "", ""},
+    TableName{"PRPay", "PRPID", "PRPNAID", "PRPPayrollYear", "PRPPayDate"},
+    TableName{"PensionSchemes", "PSID", "", "", ""},
+    TableName{"Orders", "OrdID", "OrdNAID", "", "OrdActionDate"},
+    TableName{"Deadstock", "DSIDNo", "", "", ""},
+    TableName{"UoM", "UoMNo", "", "", ""},
+    TableName{"PRYearEnds", "PRYEYear", "", "PRYEYear", "PRYEDate"},
+    TableName{"PRControl", "0", "", "", ""},
+    TableName{"PRPayImport", "", "PRPINAID", "", ""},
+    TableName{"Parameters", "", "", "", ""},
 };
 
 const TableName& tableNamed(const char* name, bool forWork) {
@@ -45,6 +47,11 @@ const TableName& tableNamed(const char* name, bool forWork) {
 
 std::string selectWhere(const TableName& table, const std::string& condition) {
     return "SELECT * FROM " + std::string(table.name) + " WHERE " + condition;
+}
+
+// A field that is declared as a number of any kind holds one with a fraction.
+std::int32_t kindOfDeclared(VariantKind declared) {
+    return declared == VariantKind::Empty ? std::int32_t{LEDGERWICK_DOUBLE} : kindOf(declared);
 }
 
 class Row : public Held {
@@ -81,6 +88,15 @@ class Row : public Held {
         if (table_.key == "0") return 0;
         return row_->Value(table_.key).toInt64(here);
     }
+    std::int32_t kindOfField(const char* field) {
+        const std::string name = textIn(field, here);
+        sessionIn(session_);
+        const auto& set = dynamic_cast<const sqlite::SqliteRecordset&>(*row_);
+        for (std::size_t i = 0; i < set.fieldCount(); ++i) {
+            if (equalsIgnoringCase(set.fieldName(i), name)) return kindOfDeclared(set.fieldKind(i));
+        }
+        raise(LEDGERWICK_NO_SUCH_NAME, table_.name, name);
+    }
     const char* keepText(std::string text, std::size_t* length) {
         text_ = std::move(text);
         give(length, text_.size());
@@ -99,26 +115,93 @@ Row& rowIn(const ledgerwick_row* handle) {
     return objectOf<Row>(handle, "row");
 }
 
-// A store that does not know a value's kind keeps numbers as they are.
-std::unique_ptr<Table> allRows(Session& session, const TableName& table, std::int32_t naid) {
-    if (naid != 0 && table.employee.empty()) {
+// Which rows of a table, and which fields of them.
+struct Selection {
+    const char* columns = nullptr;  // NULL: all
+    std::int32_t naid = 0;          // 0: of everybody
+    std::int32_t year = 0;          // 0: of all
+    Date since;                     // not set: from the first
+};
+
+// " AND PRPNAID = 7" where the caller asks for it.
+std::string condition(const TableName& table, std::string_view field, std::string_view meaning,
+                      const std::string& comparison) {
+    if (comparison.empty()) return {};
+    if (field.empty()) {
         raise(LEDGERWICK_NO_SUCH_NAME, here,
-              std::string(table.name) + " has no field of an employee");
+              std::string(table.name) + " has no field of " + std::string(meaning));
     }
-    const bool laidDown = session.database().tableExists(table.name);
-    if (!laidDown) return std::make_unique<Table>(std::vector<std::string>{"PRPINAID", "PRPIPay"});
-    const std::string condition =
-        naid == 0 ? "True" : std::string(table.employee) + " = " + std::to_string(naid);
+    return " AND " + std::string(field) + comparison;
+}
+std::string conditionOf(const TableName& table, const Selection& which) {
+    const auto equals = [](std::int32_t number) {
+        return number == 0 ? std::string() : " = " + std::to_string(number);
+    };
+    const std::string since =
+        which.since.isSet() ? " >= " + office::dateLiteral(which.since) : std::string();
+    return "True" + condition(table, table.employee, "an employee", equals(which.naid)) +
+           condition(table, table.year, "a payroll year", equals(which.year)) +
+           condition(table, table.day, "a day", since);
+}
+
+// Imported pay has a table only while there is some.
+bool isMissing(Session& session, const TableName& table) {
+    return !session.database().tableExists(table.name);
+}
+struct FieldOf {
+    std::string name;
+    std::int32_t kind;
+};
+std::vector<FieldOf> fieldsOf(Session& session, const TableName& table) {
+    if (isMissing(session, table)) {
+        return {{"PRPINAID", LEDGERWICK_INTEGER}, {"PRPIPay", LEDGERWICK_DOUBLE}};
+    }
     const auto rows =
-        session.database().OpenRecordset(selectWhere(table, condition), RecordsetType::Snapshot);
-    const auto& fields = dynamic_cast<const sqlite::SqliteRecordset&>(*rows);
+        session.database().OpenRecordset(selectWhere(table, "False"), RecordsetType::Snapshot);
+    const auto& set = dynamic_cast<const sqlite::SqliteRecordset&>(*rows);
+    std::vector<FieldOf> fields;
+    for (std::size_t i = 0; i < set.fieldCount(); ++i) {
+        fields.push_back({std::string(set.fieldName(i)), kindOfDeclared(set.fieldKind(i))});
+    }
+    return fields;
+}
+
+std::unique_ptr<Table> someRows(Session& session, const TableName& table, const Selection& which) {
+    const std::string where = conditionOf(table, which);
+    const std::vector<FieldOf> all = fieldsOf(session, table);
     std::vector<std::string> names;
-    for (std::size_t i = 0; i < fields.fieldCount(); ++i) names.emplace_back(fields.fieldName(i));
-    auto out = std::make_unique<Table>(names);
+    for (const FieldOf& field : all) names.push_back(field.name);
+    names = chosenNames(which.columns, names);
+    std::vector<std::int32_t> kinds;
+    for (const std::string& name : names) {
+        for (const FieldOf& field : all) {
+            if (field.name == name) kinds.push_back(field.kind);
+        }
+    }
+    auto out = std::make_unique<Table>(names, kinds);
+    if (isMissing(session, table)) return out;
+    std::string statement = "SELECT ";
+    for (const std::string& name : names) statement += (name == names[0] ? "" : ", ") + name;
+    statement += " FROM " + std::string(table.name) + " WHERE " + where;
+    if (!table.key.empty() && table.key != "0") statement += " ORDER BY " + std::string(table.key);
+    const auto rows = session.database().OpenRecordset(statement, RecordsetType::Snapshot);
+    const std::vector<FieldName> fields(names.begin(), names.end());
+    std::vector<Variant> values(fields.size());
     for (; !rows->Eof(); rows->MoveNext()) {
-        for (const std::string& name : names) out->addCell(rows->Value(name));
+        rows->Values(fields, values);
+        for (Variant& value : values) out->addCell(std::move(value));
     }
     rows->Close();
+    return out;
+}
+
+std::unique_ptr<Table> fieldTable(Session& session, const TableName& table) {
+    static constexpr const char* kinds[] = {"",       "",      "boolean", "integer",
+                                            "number", "money", "date",    "text"};
+    auto out = std::make_unique<Table>(std::vector<std::string>{"name", "kind"});
+    for (const FieldOf& field : fieldsOf(session, table)) {
+        out->add({field.name, kinds[field.kind]});
+    }
     return out;
 }
 
@@ -131,10 +214,27 @@ using ledgerwick::Variant;
 
 std::int32_t ledgerwick_rows(ledgerwick_session* session, const char* table, std::int32_t naid,
                              ledgerwick_table** out, ledgerwick_error* error) {
+    return ledgerwick_rows_select(session, table, nullptr, naid, 0, 0, out, error);
+}
+
+std::int32_t ledgerwick_rows_select(ledgerwick_session* session, const char* table,
+                                    const char* columns, std::int32_t naid, std::int32_t year,
+                                    ledgerwick_date since, ledgerwick_table** out,
+                                    ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
         Session& company = sessionIn(session);
-        giveHandle(out, allRows(company, tableNamed(table, false), naid));
+        giveHandle(out, someRows(company, tableNamed(table, false),
+                                 {columns, naid, year, dateIn(since, here)}));
+    });
+}
+
+std::int32_t ledgerwick_fields(ledgerwick_session* session, const char* table,
+                               ledgerwick_table** out, ledgerwick_error* error) {
+    return call(error, [&] {
+        needHandle(out, here);
+        Session& company = sessionIn(session);
+        giveHandle(out, fieldTable(company, tableNamed(table, false)));
     });
 }
 
@@ -158,6 +258,11 @@ std::int32_t ledgerwick_row_open(ledgerwick_session* session, const char* table,
 std::int32_t ledgerwick_row_kind(ledgerwick_row* row, const char* field, std::int32_t* kind,
                                  ledgerwick_error* error) {
     return call(error, [&] { give(kind, kindOf(rowIn(row).value(field))); });
+}
+
+std::int32_t ledgerwick_row_field_kind(ledgerwick_row* row, const char* field, std::int32_t* kind,
+                                       ledgerwick_error* error) {
+    return call(error, [&] { give(kind, rowIn(row).kindOfField(field)); });
 }
 
 std::int32_t ledgerwick_row_integer(ledgerwick_row* row, const char* field, std::int64_t* value,

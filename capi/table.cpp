@@ -1,5 +1,8 @@
 #include "capi/table.h"
 
+#include <algorithm>
+
+#include "capi/columns.h"
 #include "capi/utf8.h"
 #include "ledgerwick/values/text.h"
 
@@ -56,6 +59,23 @@ void Table::fill(std::int64_t row, ledgerwick_cell* cells, std::int32_t count) {
     }
 }
 
+std::vector<std::string> chosenNames(const char* wanted, std::span<const std::string> known) {
+    if (!wanted) return {known.begin(), known.end()};
+    std::vector<std::string> names;
+    const std::string all = textIn(wanted, here);
+    for (std::size_t at = 0; at <= all.size();) {
+        const std::size_t end = std::min(all.find(',', at), all.size());
+        const std::string name(trim(std::string_view(all).substr(at, end - at)));
+        const auto found = std::find_if(known.begin(), known.end(), [&](const std::string& each) {
+            return equalsIgnoringCase(each, name);
+        });
+        if (found == known.end()) raise(LEDGERWICK_NO_SUCH_NAME, here, "column \"" + name + "\"");
+        names.push_back(*found);
+        at = end + 1;
+    }
+    return names;
+}
+
 std::unique_ptr<Table> tableOf(ResultTable& result) {
     std::vector<std::string> names;
     names.reserve(static_cast<std::size_t>(result.FieldCount()));
@@ -68,8 +88,8 @@ std::unique_ptr<Table> tableOf(ResultTable& result) {
     return table;
 }
 
-std::int32_t kindOf(const Variant& value) {
-    switch (value.kind()) {
+std::int32_t kindOf(VariantKind kind) {
+    switch (kind) {
         case VariantKind::Null:
             return LEDGERWICK_NO_VALUE;
         case VariantKind::Boolean:

@@ -36,7 +36,7 @@ def lay_down_company(path: Path) -> None:
             )
 
 
-def show(title: str, table: ledgerwick.Table, *columns: str) -> None:
+def show(title: str, table: ledgerwick.Table[ledgerwick.Row], *columns: str) -> None:
     print(title)
     for row in table:
         print("  " + ", ".join(f"{column} {row[column]}" for column in columns))

@@ -16,9 +16,6 @@ thread that opened it.
 from ._library import LedgerwickError
 from .session import (
     Due,
-    Durability,
-    Frequency,
-    Letter,
     PayPeriod,
     Session,
     TaxDate,
@@ -28,6 +25,7 @@ from .session import (
     version,
 )
 from .tables import Row, Table
+from .values import Durability, Frequency, Letter
 
 __all__ = [
     "Due",

@@ -1,11 +1,14 @@
 """The C library: where it lies, what its calls take, and how their errors are raised."""
 
+from __future__ import annotations
+
 import ctypes
 import ctypes.util
-import operator
 import os
 from pathlib import Path
-from typing import Any, Iterator, Tuple
+from typing import Any, Dict, Iterator, List, Tuple
+
+from .values import flag, whole
 
 _ABI = 1
 _FILE = "libledgerwick_c.so"
@@ -44,31 +47,75 @@ class Options(ctypes.Structure):
     ]
 
 
-class Cell(ctypes.Structure):
+_RELEASE = ctypes.CFUNCTYPE(None, ctypes.c_void_p)
+
+
+class ArrowSchema(ctypes.Structure):
+    """The types of some columns, as `ArrowSchema` of the header."""
+
+
+class ArrowArray(ctypes.Structure):
+    """The memory of some columns, as `ArrowArray` of the header."""
+
+
+class ArrowArrayStream(ctypes.Structure):
+    """As `ArrowArrayStream` of the header."""
+
     _fields_ = [
-        ("kind", ctypes.c_int32),
-        ("integer", ctypes.c_int64),
-        ("number", ctypes.c_double),
-        ("text", ctypes.c_void_p),
-        ("length", ctypes.c_size_t),
+        ("get_schema", ctypes.c_void_p),
+        ("get_next", ctypes.c_void_p),
+        ("get_last_error", ctypes.c_void_p),
+        ("release", _RELEASE),
+        ("private_data", ctypes.c_void_p),
     ]
 
 
+ArrowSchema._fields_ = [
+    ("format", ctypes.c_char_p),
+    ("name", ctypes.c_char_p),
+    ("metadata", ctypes.c_char_p),
+    ("flags", ctypes.c_int64),
+    ("n_children", ctypes.c_int64),
+    ("children", ctypes.POINTER(ctypes.POINTER(ArrowSchema))),
+    ("dictionary", ctypes.POINTER(ArrowSchema)),
+    ("release", _RELEASE),
+    ("private_data", ctypes.c_void_p),
+]
+ArrowArray._fields_ = [
+    ("length", ctypes.c_int64),
+    ("null_count", ctypes.c_int64),
+    ("offset", ctypes.c_int64),
+    ("n_buffers", ctypes.c_int64),
+    ("n_children", ctypes.c_int64),
+    ("buffers", ctypes.POINTER(ctypes.c_void_p)),
+    ("children", ctypes.POINTER(ctypes.POINTER(ArrowArray))),
+    ("dictionary", ctypes.POINTER(ArrowArray)),
+    ("release", _RELEASE),
+    ("private_data", ctypes.c_void_p),
+]
+
+
 # How an argument is written in `CALLS`: what goes in is a small letter, what comes out a capital.
-KINDS = {
+KINDS: Dict[str, Any] = {
     "h": ctypes.c_void_p,  # a handle
     "i": ctypes.c_int32,  # a number, a flag, a date
+    "b": ctypes.c_int32,  # a flag
     "q": ctypes.c_int64,  # a number of 64 bits, an amount of money
     "f": ctypes.c_double,
     "s": ctypes.c_char_p,
     "o": ctypes.POINTER(Options),
-    "c": ctypes.POINTER(Cell),
-    "H": ctypes.POINTER(ctypes.c_void_p),
-    "I": ctypes.POINTER(ctypes.c_int32),
-    "Q": ctypes.POINTER(ctypes.c_int64),
-    "F": ctypes.POINTER(ctypes.c_double),
-    "S": ctypes.POINTER(ctypes.c_char_p),
-    "Z": ctypes.POINTER(ctypes.c_size_t),
+    "c": ctypes.c_void_p,  # cells
+    "x": ctypes.POINTER(ArrowSchema),
+    "a": ctypes.POINTER(ArrowArray),
+    "t": ctypes.POINTER(ArrowArrayStream),
+}
+OUTPUTS: Dict[str, Any] = {
+    "H": ctypes.c_void_p,
+    "I": ctypes.c_int32,
+    "Q": ctypes.c_int64,
+    "F": ctypes.c_double,
+    "S": ctypes.c_char_p,
+    "Z": ctypes.c_size_t,
 }
 
 # A larger number would be cut to these bits without a word.
@@ -96,10 +143,16 @@ CALLS = {
     "table_date": "hqiI",
     "table_text": "hqiSZ",
     "table_row": "hqci",
+    "table_column_kind": "hiI",
+    "table_arrow": "hxa",
+    "arrow_stream": "aqqqt",
     "rows": "hsiH",
+    "rows_select": "hssiiiH",
+    "fields": "hsH",
     "row_new": "hsH",
     "row_open": "hsqH",
     "row_kind": "hsI",
+    "row_field_kind": "hsI",
     "row_integer": "hsQ",
     "row_double": "hsF",
     "row_money": "hsQ",
@@ -114,8 +167,10 @@ CALLS = {
     "row_close": "h",
     "count": "hIII",
     "employees": "hiH",
+    "employees_select": "hisH",
     "employments": "hiH",
-    "employment_add": "hiiiisiiI",
+    "employments_select": "hisH",
+    "employment_add": "hiibbsiiI",
     "employment_end": "hii",
     "set_next_dates": "hiii",
     "tax_date": "iIII",
@@ -123,11 +178,11 @@ CALLS = {
     "reference_period": "hiiII",
     "tax_week_end": "hiI",
     "tax_month_end": "hiI",
-    "next_expected": "hiiiiiI",
+    "next_expected": "hiibbbI",
     "week_of_date": "hiI",
     "date_of_week": "hiI",
     "calculation_set": "hiI",
-    "next_pay_date": "hiiiII",
+    "next_pay_date": "hibiII",
     "last_pay_date": "hiII",
     "next_period_end": "hiII",
     "open_run_date": "hII",
@@ -144,9 +199,9 @@ CALLS = {
     "import_pay": "hiq",
     "load_imported": "h",
     "piecework": "hiiiHQ",
-    "ae_status": "hiiiiH",
-    "ae_employees": "hiH",
-    "ae_assessment": "hiiiiH",
+    "ae_status": "hiibiH",
+    "ae_employees": "hbH",
+    "ae_assessment": "hiiibH",
     "ae_scheme_changed": "hi",
     "ae_re_enrolment_changed": "hii",
     "ae_recipients": "hiH",
@@ -164,6 +219,10 @@ def _candidates() -> Iterator[str]:
     for name in (f"{_FILE}.{_ABI}", _FILE):
         if (beside / name).exists():
             yield str(beside / name)
+    sources = beside.parent.parent.parent  # whose own builds are there when it is run from them
+    if (sources / "capi" / "ledgerwick_c.h").exists():
+        for build in sorted(sources.glob(f"build/*/lib/{_FILE}.{_ABI}")):
+            yield str(build)
     yield f"{_FILE}.{_ABI}"
     found = ctypes.util.find_library("ledgerwick_c")
     if found:
@@ -195,30 +254,14 @@ def _declare(library: ctypes.CDLL) -> None:
     for name, kinds in CALLS.items():
         function = getattr(library, "ledgerwick_" + name)
         function.restype = ctypes.c_int32
-        function.argtypes = [*(KINDS[kind] for kind in kinds), ctypes.POINTER(CError)]
+        function.argtypes = [
+            *(ctypes.POINTER(OUTPUTS[kind]) if kind.isupper() else KINDS[kind] for kind in kinds),
+            ctypes.POINTER(CError),
+        ]
 
 
 LIBRARY = _load()
 _declare(LIBRARY)
-
-
-def text(value: str) -> bytes:
-    """A text as the library takes it."""
-    if not isinstance(value, str):
-        raise TypeError(f"a text is needed, not {type(value).__name__}")
-    if "\0" in value:
-        raise ValueError("a text for the payroll cannot hold the character U+0000")
-    return value.encode("utf-8")
-
-
-def _whole(name: str, value: Any, bits: int) -> int:
-    try:
-        number = operator.index(value)
-    except TypeError:
-        raise TypeError(f"a whole number is needed, not {type(value).__name__}") from None
-    if not -(1 << bits) <= number < 1 << bits:
-        raise OverflowError(f"{number} is too large for ledgerwick_{name}")
-    return number
 
 
 def call(name: str, *arguments: Any) -> Tuple[Any, ...]:
@@ -228,20 +271,26 @@ def call(name: str, *arguments: Any) -> Tuple[Any, ...]:
     """
     function = getattr(LIBRARY, "ledgerwick_" + name)
     inputs = iter(arguments)
-    passed = []
-    outputs = []
+    passed: List[Any] = []
+    outputs: List[Any] = []
     for kind in CALLS[name]:
         if kind.isupper():
-            output = KINDS[kind]._type_()
-            outputs.append(output)
-            passed.append(ctypes.byref(output))
+            outputs.append(OUTPUTS[kind]())
+            passed.append(ctypes.byref(outputs[-1]))
         else:
             value = next(inputs)
-            passed.append(_whole(name, value, _BITS[kind]) if kind in _BITS else value)
+            if kind in _BITS:
+                value = whole(value, _BITS[kind])
+            passed.append(flag(value) if kind == "b" else value)
     error = CError()
     if function(*passed, ctypes.byref(error)) != 0:
         raise LedgerwickError(error.number, error.source.decode(), error.description.decode())
     return tuple(
-        output.value.decode() if isinstance(output, ctypes.c_char_p) else output.value
+        output.value.decode() if isinstance(output.value, bytes) else output.value
         for output in outputs
     )
+
+
+def number(name: str, *arguments: Any) -> int:
+    """The one whole number that a call gives."""
+    return int(call(name, *arguments)[0])

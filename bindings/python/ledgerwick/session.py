@@ -1,53 +1,51 @@
 """An open company, with a method for each call of the library."""
 
+from __future__ import annotations
+
 from contextlib import contextmanager
 from ctypes import byref, sizeof
 from datetime import date
 from decimal import Decimal
-from enum import IntEnum
 from os import PathLike, fsdecode
-from typing import Any, Dict, Iterator, NamedTuple, Optional, Tuple, Union
+from typing import Any, Dict, Iterable, Iterator, NamedTuple, Optional, Tuple, Type, Union
 
-from ._library import LIBRARY, LedgerwickError, Options, call, text
-from .tables import TEXT, Row, Table, Value, date_in, date_out, money_in, money_out, take
+from ._library import LIBRARY, LedgerwickError, Options, call, number
+from .rows import (
+    ClosedRow,
+    DueRow,
+    EmployeeRow,
+    EmploymentRow,
+    FieldRow,
+    MissingRow,
+    OpenRow,
+    RecipientRow,
+    RunRow,
+)
+from .tables import R, Row, Table, take
+from .values import (
+    BOOLEAN,
+    DATE,
+    INTEGER,
+    MONEY,
+    TEXT,
+    Durability,
+    Frequency,
+    Value,
+    date_in,
+    date_out,
+    day_in,
+    flag,
+    money_in,
+    money_out,
+    number_out,
+    text,
+)
 
 Path = Union[str, bytes, "PathLike[str]"]
 
 # Errors as the library numbers them.
 _UNKNOWN = 91
 _CLOSED = 3420
-
-
-class Frequency(IntEnum):
-    """How often an employee is paid; ALL is everybody, where there is a choice."""
-
-    ALL = -1
-    CASUAL = 0
-    WEEKLY = 1
-    FORTNIGHTLY = 2
-    FOUR_WEEKLY = 3
-    MONTHLY = 4
-    QUARTERLY = 13
-    HALF_YEARLY = 26
-    YEARLY = 52
-
-
-class Durability(IntEnum):
-    """What a power cut can take: nothing, the call that was running, the last calls."""
-
-    EACH_UPDATE = 0
-    BATCHED = 1
-    RELAXED = 2
-
-
-class Letter(IntEnum):
-    """The letters of auto-enrolment."""
-
-    ENROLMENT = 1
-    POSTPONEMENT = 2
-    NOT_ELIGIBLE = 3
-    RE_ENROLMENT = 4
-    ENROLMENT_ATTACHMENT = 500
 
 
 class TaxDate(NamedTuple):
@@ -75,7 +73,7 @@ class Due(NamedTuple):
 
 def version() -> str:
     """The version of the library: "1.0.0"."""
-    return LIBRARY.ledgerwick_version().decode()
+    return str(LIBRARY.ledgerwick_version().decode())
 
 
 def create_company(path: Path, tax_year: int) -> None:
@@ -91,13 +89,7 @@ def tax_date(day: date) -> TaxDate:
 def pay_period(day: date, frequency: int) -> PayPeriod:
     """The pay period that holds a date, and its number in the tax year."""
     first, last, number = call("pay_period", date_out(day), frequency)
-    return PayPeriod(_set(first), _set(last), number)
-
-
-def _set(number: int) -> date:
-    day = date_in(number)
-    assert day is not None
-    return day
+    return PayPeriod(day_in(first), day_in(last), number)
 
 
 class Session:
@@ -125,7 +117,7 @@ class Session:
             sizeof(Options),
             durability,
             busy_timeout,
-            read_only,
+            flag(read_only),
             None if program_path is None else text(fsdecode(program_path)),
             None if workstation is None else text(workstation),
             None if program_name is None else text(program_name),
@@ -157,8 +149,11 @@ class Session:
     def _call(self, name: str, *arguments: Any) -> Tuple[Any, ...]:
         return call(name, self._opened(), *arguments)
 
-    def _table(self, name: str, *arguments: Any) -> Table:
-        return take(self._call(name, *arguments)[0])
+    def _number(self, name: str, *arguments: Any) -> int:
+        return number(name, self._opened(), *arguments)
+
+    def _table(self, base: Type[R], name: str, *arguments: Any) -> Table[R]:
+        return take(self._call(name, *arguments)[0], base)
 
     # ---- company --------------------------------------------------------------------------------
 
@@ -177,11 +172,11 @@ class Session:
     @property
     def payroll_year(self) -> int:
         """The current payroll year: n is the tax year from 6 April 1999 + n."""
-        return self._call("payroll_year")[0]
+        return self._number("payroll_year")
 
     def parameter(self, name: str) -> str:
         """A named setting of the company, such as "PRNExpD_M1", the rule of the monthly pay day."""
-        return self._call("get_parameter", text(name))[0]
+        return str(self._call("get_parameter", text(name))[0])
 
     def set_parameter(self, name: str, value: Union[str, int, Decimal]) -> None:
         """Sets a setting of the company, and adds one that is not there."""
@@ -191,9 +186,25 @@ class Session:
 
     # ---- rows of the database -------------------------------------------------------------------
 
-    def rows(self, table: str, naid: int = 0) -> Table:
-        """All rows of a table, or those of one employee."""
-        return self._table("rows", text(table), naid)
+    def rows(
+        self,
+        table: str,
+        naid: int = 0,
+        *,
+        columns: Optional[Iterable[str]] = None,
+        year: int = 0,
+        since: Optional[date] = None,
+    ) -> Table[Row]:
+        """The rows of a table, or those of one employee, a payroll year, or since a day.
+
+        The day is the pay date of a pay row, the start of an employment, the day of an order.
+        """
+        arguments = (text(table), _names(columns), naid, year, date_out(since))
+        return self._table(Row, "rows_select", *arguments)
+
+    def fields(self, table: str) -> Table[FieldRow]:
+        """The fields of a table: name, kind."""
+        return self._table(FieldRow, "fields", text(table))
 
     def insert(self, table: str, **fields: Value) -> int:
         """Adds a row, with the table's defaults where nothing is said, and gives its key.
@@ -223,19 +234,21 @@ class Session:
         employees, regular, casual = self._call("count")
         return employees, regular, casual
 
-    def employees(self) -> Table:
+    def employees(self, *, columns: Optional[Iterable[str]] = None) -> Table[EmployeeRow]:
         """A row for each employee with the most recent employment."""
-        return self._table("employees", 0)
+        return self._table(EmployeeRow, "employees_select", 0, _names(columns))
 
-    def employee(self, naid: int) -> Row:
+    def employee(self, naid: int) -> EmployeeRow:
         """One employee with the most recent employment."""
         if naid == 0:  # which would be everybody
             raise LedgerwickError(_UNKNOWN, "ledgerwick.Session", "There is no employee 0")
-        return self._table("employees", naid)[0]
+        return self._table(EmployeeRow, "employees", naid)[0]
 
-    def employments(self, naid: int = 0) -> Table:
+    def employments(
+        self, naid: int = 0, *, columns: Optional[Iterable[str]] = None
+    ) -> Table[EmploymentRow]:
         """A row for each employment, or each of one employee, with its running state."""
-        return self._table("employments", naid)
+        return self._table(EmploymentRow, "employments_select", naid, _names(columns))
 
     def add_employment(
         self,
@@ -253,7 +266,7 @@ class Session:
         Without `first_pay` and `first_period_end` they are those of the others paid as often, or
         else of the first period. Gives the key of the employment.
         """
-        return self._call(
+        return self._number(
             "employment_add",
             naid,
             date_out(start),
@@ -262,7 +275,7 @@ class Session:
             text(ae_status),
             date_out(first_pay),
             date_out(first_period_end),
-        )[0]
+        )
 
     def end_employment(self, naid: int, last_day: date) -> None:
         """Ends the most recent employment with that day."""
@@ -279,15 +292,15 @@ class Session:
     def reference_period(self, day: date, frequency: int) -> Tuple[date, date]:
         """The pay reference period of auto-enrolment that holds a date."""
         first, last = self._call("reference_period", date_out(day), frequency)
-        return _set(first), _set(last)
+        return day_in(first), day_in(last)
 
     def tax_week_end(self, week: int) -> date:
         """The last day of a tax week of the current payroll year."""
-        return _set(self._call("tax_week_end", week)[0])
+        return day_in(self._call("tax_week_end", week)[0])
 
     def tax_month_end(self, month: int) -> date:
         """The last day of a tax month of the current payroll year."""
-        return _set(self._call("tax_month_end", month)[0])
+        return day_in(self._call("tax_month_end", month)[0])
 
     def next_expected(
         self,
@@ -300,19 +313,19 @@ class Session:
     ) -> date:
         """The expected pay date, or end of period, behind a date."""
         arguments = (date_out(day), frequency, period_end, reverse, change)
-        return _set(self._call("next_expected", *arguments)[0])
+        return day_in(self._call("next_expected", *arguments)[0])
 
     def week_of_date(self, day: date) -> int:
         """The number of weeks from the last year-end to a date, to the nearest whole one."""
-        return self._call("week_of_date", date_out(day))[0]
+        return self._number("week_of_date", date_out(day))
 
     def date_of_week(self, week: int) -> date:
         """The last year-end plus so many weeks."""
-        return _set(self._call("date_of_week", week)[0])
+        return day_in(self._call("date_of_week", week)[0])
 
     def calculation_set(self, day: date) -> int:
         """The number of the set of calculations that is in force on a date."""
-        return self._call("calculation_set", date_out(day))[0]
+        return self._number("calculation_set", date_out(day))
 
     # ---- what falls due: None when there is nobody ----------------------------------------------
 
@@ -342,46 +355,46 @@ class Session:
         """How many employees, and how many periods of theirs, fall due up to a date."""
         return Due(*self._call("count_due", date_out(day)))
 
-    def due(self, day: date) -> Table:
+    def due(self, day: date) -> Table[DueRow]:
         """Who falls due up to a date: naid, name, frequency, next_pay, period_end, periods."""
-        return self._table("due", date_out(day))
+        return self._table(DueRow, "due", date_out(day))
 
     def reference_period_end(self, naid: int, pay_date: date) -> date:
         """The last day of the pay reference period behind an employee's pay date."""
-        return _set(self._call("reference_period_end", naid, date_out(pay_date))[0])
+        return day_in(self._call("reference_period_end", naid, date_out(pay_date))[0])
 
     def last_reference_period_end(self) -> date:
         """The day before the latest start of anybody's next pay reference period."""
-        return _set(self._call("last_reference_period_end")[0])
+        return day_in(self._call("last_reference_period_end")[0])
 
     # ---- the road of a pay run ------------------------------------------------------------------
 
     def open_run(
         self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
-    ) -> Table:
+    ) -> Table[RunRow]:
         """Makes sure that every period due has an open pay row, and tells one row for each.
 
         Columns: naid, name, prpid, first_day, last_day, imported, week, period. `imported` is None
         without imported pay; `period` is a pay period code, or minus the tax month.
         """
         table, _ = self._call("run_open", date_out(pay_date), frequency, group, naid)
-        return take(table)
+        return take(table, RunRow)
 
     def run_rows(
         self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
-    ) -> Table:
+    ) -> Table[OpenRow]:
         """The open rows up to a pay date.
 
         Columns: naid, name, prpid, pay_date, period_end, week, period, pay, visited, status.
         """
-        return self._table("run_rows", date_out(pay_date), frequency, group, naid)
+        return self._table(OpenRow, "run_rows", date_out(pay_date), frequency, group, naid)
 
     def mark_calculated(
         self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
     ) -> int:
         """Marks open rows as worked out and reported; only such rows count as paid."""
         arguments = (date_out(pay_date), frequency, group, naid)
-        return self._call("run_mark_calculated", *arguments)[0]
+        return self._number("run_mark_calculated", *arguments)
 
     def reset_visited(self, naid: int) -> None:
         """Withdraws the visited mark from an employee's open rows."""
@@ -389,20 +402,20 @@ class Session:
 
     def close_run(
         self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
-    ) -> Table:
+    ) -> Table[ClosedRow]:
         """Closes the open rows, clears what they paid, and tells how the dates moved on.
 
         Columns: naid, name, rows, paid_to, next_pay_before, next_pay, next_period_end. A table
         without rows says that nothing was open.
         """
-        return self._table("run_close", date_out(pay_date), frequency, group, naid)
+        return self._table(ClosedRow, "run_close", date_out(pay_date), frequency, group, naid)
 
-    def fill_missing_periods(self) -> Table:
+    def fill_missing_periods(self) -> Table[MissingRow]:
         """Adds a closed empty row for each period skipped in this year.
 
         Columns: prpid, naid, name, week, period, pay_date, late_reason.
         """
-        return self._table("fill_missing_periods")
+        return self._table(MissingRow, "fill_missing_periods")
 
     def import_pay(self, naid: int, amount: Union[Decimal, int]) -> None:
         """Puts a pay value from elsewhere in place of what was imported before."""
@@ -412,10 +425,10 @@ class Session:
         """Reads imported pay and piecework into the current employments."""
         self._call("load_imported")
 
-    def piecework(self, naid: int, first: date, last: date) -> Tuple[Table, Decimal]:
+    def piecework(self, naid: int, first: date, last: date) -> Tuple[Table[Row], Decimal]:
         """The checked piecework of a period as it was loaded last, and its total."""
         table, total = self._call("piecework", naid, date_out(first), date_out(last))
-        return take(table), money_in(total)
+        return take(table, Row), money_in(total)
 
     # ---- auto-enrolment -------------------------------------------------------------------------
 
@@ -426,14 +439,14 @@ class Session:
         *,
         open_rows: bool = False,
         naid: int = 0,
-    ) -> Table:
+    ) -> Table[Row]:
         """Where the regular workers stand by their closed, or open, pay rows."""
         year = self.payroll_year if payroll_year is None else payroll_year
-        return self._table("ae_status", date_out(up_to), year, open_rows, naid)
+        return self._table(Row, "ae_status", date_out(up_to), year, open_rows, naid)
 
-    def ae_employees(self, *, full: bool = False) -> Table:
+    def ae_employees(self, *, full: bool = False) -> Table[Row]:
         """The regular workers for pick lists, or with `full` for exports."""
-        return self._table("ae_employees", full)
+        return self._table(Row, "ae_employees", full)
 
     def ae_assessment(
         self,
@@ -445,7 +458,7 @@ class Session:
     ) -> Row:
         """One worker's first, previous and current assessment."""
         year = self.payroll_year if payroll_year is None else payroll_year
-        return self._table("ae_assessment", naid, date_out(up_to), year, open_rows)[0]
+        return self._table(Row, "ae_assessment", naid, date_out(up_to), year, open_rows)[0]
 
     def ae_scheme_changed(self, scheme: int) -> None:
         """Has open pay rows worked again after a change of a scheme's rates."""
@@ -455,31 +468,44 @@ class Session:
         """Has open pay rows worked again after a change of the re-enrolment date."""
         self._call("ae_re_enrolment_changed", date_out(before), date_out(after))
 
-    def ae_recipients(self, letter: int) -> Table:
+    def ae_recipients(self, letter: int) -> Table[RecipientRow]:
         """The workers to whom a letter of the kind goes: naid, name."""
-        return self._table("ae_recipients", letter)
+        return self._table(RecipientRow, "ae_recipients", letter)
 
     def ae_letter(self, naid: int, letter: int) -> str:
         """The letter to one worker, whole."""
-        return self._call("ae_letter", naid, letter)[0]
+        return str(self._call("ae_letter", naid, letter)[0])
+
+
+def _names(columns: Optional[Iterable[str]]) -> Optional[bytes]:
+    if columns is None:
+        return None
+    if isinstance(columns, str):
+        raise TypeError("columns are a list of names, not one text")
+    return text(",".join(columns))
 
 
 def _store(row: int, fields: Dict[str, Value]) -> int:
     for name, value in fields.items():
-        field = text(name)
-        if isinstance(value, (bool, int)):
-            call("row_set_integer", row, field, value)
-        elif isinstance(value, float):
-            call("row_set_double", row, field, value)
-        elif isinstance(value, Decimal):
-            call("row_set_money", row, field, money_out(value))
-        elif isinstance(value, str):
-            call("row_set_text", row, field, text(value))
-        elif value is None or isinstance(value, date):
+        _set_field(row, text(name), value)
+    return number("row_store", row)
+
+
+def _set_field(row: int, field: bytes, value: Any) -> None:
+    """Sets a field to a value of its own kind; None is its empty one."""
+    kind = call("row_field_kind", row, field)[0]
+    try:
+        if kind == TEXT:
+            call("row_set_text", row, field, text("" if value is None else value))
+        elif kind == DATE:
             call("row_set_date", row, field, date_out(value))
-            # None is a date that is not set, or 0; but a text would tell of the zero day.
-            if value is None and call("row_kind", row, field)[0] == TEXT:
-                call("row_set_text", row, field, b"")
+        elif kind == MONEY:
+            call("row_set_money", row, field, money_out(0 if value is None else value))
+        elif kind == BOOLEAN:
+            call("row_set_integer", row, field, 0 if value is None else flag(value))
+        elif kind == INTEGER:
+            call("row_set_integer", row, field, 0 if value is None else value)
         else:
-            raise TypeError(f"{name} cannot hold a value of type {type(value).__name__}")
-    return call("row_store", row)[0]
+            call("row_set_double", row, field, number_out(0 if value is None else value))
+    except (TypeError, ValueError, OverflowError) as failure:
+        raise type(failure)(f"{field.decode()}: {failure}") from None

@@ -1,141 +1,290 @@
-"""Rows with names, as the library hands them out."""
+"""Tables as the library hands them out, and their rows."""
 
-import ctypes
-from collections.abc import Iterable, Mapping, Sequence
-from datetime import date
-from decimal import Context, Decimal, Overflow
-from typing import Any, Dict, Iterator, List, Optional, Tuple, Union, overload
+from __future__ import annotations
 
-from ._library import Cell, call
+import csv
+import html
+import io
+from functools import lru_cache, partial
+from importlib import import_module
+from os import PathLike
+from typing import (
+    TYPE_CHECKING,
+    Any,
+    Callable,
+    ClassVar,
+    Dict,
+    Iterator,
+    List,
+    Optional,
+    Sequence,
+    Tuple,
+    Type,
+    TypeVar,
+    Union,
+    cast,
+    overload,
+)
 
-Value = Union[None, bool, int, float, Decimal, date, str]
+from ._arrow import Batch, Column, MixedColumn, capsule_of
+from ._library import call
+from .values import BOOLEAN, DATE, DOUBLE, ENUMS, INTEGER, MIXED, MONEY, TEXT, date_in, money_in
 
-# Kinds of a cell; the two before them hold nothing.
-_BOOLEAN, _INTEGER, _DOUBLE, _MONEY, _DATE, TEXT = range(2, 8)
-
-# Whatever context the program works in, an amount stays what it is.
-_EXACT = Context(prec=40)
-
-
-def date_out(day: Optional[date]) -> int:
-    """A date as the library takes it."""
-    if day is None:
-        return 0
-    if type(day) is not date:
-        raise TypeError(f"a date is needed, not {type(day).__name__}")
-    return day.year * 10000 + day.month * 100 + day.day
-
-
-def date_in(number: int) -> Optional[date]:
-    return date(number // 10000, number // 100 % 100, number % 100) if number else None
-
-
-def money_out(amount: Union[Decimal, int]) -> int:
-    """An amount in ten-thousandths; exact, or a ValueError."""
-    if not isinstance(amount, (Decimal, int)):
-        raise TypeError(f"an amount is a Decimal or an int, not {type(amount).__name__}")
-    try:
-        ticks = _EXACT.scaleb(Decimal(amount), 4)
-    except Overflow:
-        raise OverflowError(f"{amount} is too large for an amount") from None
-    if not ticks.is_finite() or ticks != ticks.to_integral_value():
-        raise ValueError(f"{amount} is no amount of at most four decimals")
-    return int(ticks)
+_SHOWN_ROWS = 10  # of a table that is shown
+_SHOWN_FIELDS = 12  # of a row
+_WIDTH = 100
 
 
-def money_in(ticks: int) -> Decimal:
-    """An amount with two decimals, or with four when it needs them."""
-    if ticks % 100 == 0:
-        return _EXACT.scaleb(Decimal(ticks // 100), -2)
-    return _EXACT.scaleb(Decimal(ticks), -4)
+class Row(Tuple[Any, ...]):
+    """One row: a tuple of its values, each of which has the name of its column too.
 
-
-class Row(Mapping[str, Any]):
-    """One row: `row.naid`, `row["naid"]` and `row[0]` are the same cell.
-
-    It is a mapping from the names of the columns to their values: `dict(row)`, `row.values()`.
+    >>> row = company.employees(columns=["naid", "name"])[0]
+    >>> naid, name = row
+    >>> row.name, row["name"], row[1]
+    ('Mr John Smith', 'Mr John Smith', 'Mr John Smith')
     """
 
-    __slots__ = ("_places", "_values")
+    __slots__ = ()
+    _fields: ClassVar[Tuple[str, ...]] = ()
+    _base: ClassVar[Type[Row]]
 
-    def __init__(self, places: Dict[str, int], values: Tuple[Value, ...]) -> None:
-        self._places = places
-        self._values = values
+    if TYPE_CHECKING:
 
-    def __getitem__(self, key: Union[str, int]) -> Any:
-        return self._values[self._places[key] if isinstance(key, str) else key]
+        def __getattr__(self, name: str) -> Any: ...
 
-    def __getattr__(self, name: str) -> Any:
-        if name.startswith("_") or name not in self._places:
-            raise AttributeError(f"the row has no column {name!r}")
-        return self[name]
+    def __getitem__(self, key: Any) -> Any:
+        if isinstance(key, str):
+            try:
+                key = self._fields.index(key)
+            except ValueError:
+                raise KeyError(key) from None
+        return tuple.__getitem__(self, key)
 
-    def __dir__(self) -> List[str]:
-        return [*super().__dir__(), *self._places]
+    def _asdict(self) -> Dict[str, Any]:
+        """The values by their names.
 
-    def __iter__(self) -> Iterator[str]:
-        return iter(self._places)
-
-    def __len__(self) -> int:
-        return len(self._values)
+        >>> company.employees(columns=["naid", "name"])[0]._asdict()
+        {'naid': 1, 'name': 'Mr John Smith'}
+        """
+        return dict(zip(self._fields, self))
 
     def __repr__(self) -> str:
-        return "Row(" + ", ".join(f"{name}={self[name]!r}" for name in self) + ")"
+        shown = [f"{name}={value!r}" for name, value in zip(self._fields, self)]
+        if len(shown) > _SHOWN_FIELDS:
+            shown[_SHOWN_FIELDS:] = [f"… {len(shown) - _SHOWN_FIELDS} more"]
+        return f"{self._base.__name__}({', '.join(shown)})"
+
+    def __reduce__(self) -> Tuple[Any, ...]:
+        return _row, (self._base, self._fields, tuple(self))
 
 
-class Table(Sequence[Row]):
-    """Rows that were read once and stay as they were; a sequence with `columns`, their names."""
+def _row(base: Type[Row], fields: Tuple[str, ...], values: Tuple[Any, ...]) -> Row:
+    return tuple.__new__(class_of(base, fields), values)
 
-    def __init__(self, columns: Iterable[str], rows: List[Tuple[Value, ...]]) -> None:
-        self.columns = tuple(columns)
-        self._places = {name: place for place, name in enumerate(self.columns)}
-        self._rows = rows
+
+def _getter(place: int) -> Any:
+    return property(lambda row: tuple.__getitem__(row, place))
+
+
+@lru_cache(maxsize=256)
+def class_of(base: Type[Row], fields: Tuple[str, ...]) -> Type[Row]:
+    """The class of the rows with these columns."""
+    members: Dict[str, Any] = {name: _getter(place) for place, name in enumerate(fields)}
+    members.update(__slots__=(), _fields=fields, _base=base, __doc__=base.__doc__)
+    return type(base.__name__, (base,), members)
+
+
+R = TypeVar("R", bound=Row)
+R_co = TypeVar("R_co", bound=Row, covariant=True)
+
+
+class Table(Sequence[R_co]):
+    """Rows that were read once and stay as they were: a sequence of them with `columns`.
+
+    >>> table = company.employees(columns=["naid", "name", "frequency"])
+    >>> len(table), table.columns
+    (3, ('naid', 'name', 'frequency'))
+    >>> table.column("naid")
+    [1, 2, 3]
+    """
+
+    def __init__(self, base: Type[R_co], names: Tuple[str, ...], columns: List[Column],
+                 batch: Batch, rows: range) -> None:
+        self._base = base
+        self._columns = columns
+        self._batch = batch
+        self._rows = rows  # which of the columns' rows are this table's
+        self.columns: Tuple[str, ...] = names
+
+    def _class(self) -> Callable[[Any], R_co]:
+        return cast(Callable[[Any], R_co], partial(tuple.__new__, class_of(self._base, self.columns)))
+
+    def _lists(self) -> List[List[Any]]:
+        return [self._taken(column) for column in self._columns]
+
+    def _taken(self, column: Column) -> List[Any]:
+        values = column.values()
+        if self._rows == range(self._batch.rows):
+            return values
+        return [values[row] for row in self._rows]
 
     @overload
-    def __getitem__(self, index: int) -> Row: ...
+    def __getitem__(self, index: int) -> R_co: ...
     @overload
-    def __getitem__(self, index: slice) -> "Table": ...
-    def __getitem__(self, index: Union[int, slice]) -> Union[Row, "Table"]:
+    def __getitem__(self, index: slice) -> Table[R_co]: ...
+    def __getitem__(self, index: Union[int, slice]) -> Union[R_co, Table[R_co]]:
         if isinstance(index, slice):
-            return Table(self.columns, self._rows[index])
-        return Row(self._places, self._rows[index])
+            rows = self._rows[index]
+            return Table(self._base, self.columns, self._columns, self._batch, rows)
+        row = self._rows[index]
+        return self._class()(column.at(row) for column in self._columns)
 
     def __len__(self) -> int:
         return len(self._rows)
 
-    def column(self, name: str) -> List[Value]:
-        """The values of one column, from the first row to the last."""
-        place = self._places[name]
-        return [row[place] for row in self._rows]
+    def __iter__(self) -> Iterator[R_co]:
+        return map(self._class(), zip(*self._lists()))
+
+    def column(self, name: str) -> List[Any]:
+        """The values of one column, from the first row to the last.
+
+        >>> company.employees().column("period_rate")
+        [Decimal('412.50'), Decimal('388.00'), Decimal('2400.00')]
+        """
+        if name not in self.columns:
+            raise KeyError(f"the table has no column {name!r}")
+        return list(self._taken(self._columns[self.columns.index(name)]))
+
+    # ---- as other shapes ------------------------------------------------------------------------
+
+    def to_dicts(self) -> List[Dict[str, Any]]:
+        """A dict for each row.
+
+        >>> company.employees(columns=["naid", "name"]).to_dicts()[:1]
+        [{'naid': 1, 'name': 'Mr John Smith'}]
+        """
+        return [dict(zip(self.columns, values)) for values in zip(*self._lists())]
+
+    @overload
+    def to_csv(self, target: None = None) -> str: ...
+    @overload
+    def to_csv(self, target: Union[str, PathLike[str], io.TextIOBase]) -> None: ...
+    def to_csv(
+        self, target: Union[None, str, PathLike[str], io.TextIOBase] = None
+    ) -> Optional[str]:
+        """Writes a CSV file with a line of names, or returns it as a text.
+
+        >>> company.employees(columns=["naid", "name"]).to_csv("people.csv")
+        """
+        if target is None:
+            out = io.StringIO(newline="")
+            self._write(out)
+            return out.getvalue()
+        if isinstance(target, (str, PathLike)):
+            with open(target, "w", newline="", encoding="utf-8") as file:
+                self._write(file)
+        else:
+            self._write(target)
+        return None
+
+    def _write(self, file: Any) -> None:
+        writer = csv.writer(file)
+        writer.writerow(self.columns)
+        writer.writerows(zip(*self._lists()))
+
+    def to_pandas(self) -> Any:
+        """A pandas DataFrame; money stays Decimal, dates become datetime64 where they fit.
+
+        >>> frame = company.employees().to_pandas()    # doctest: +SKIP
+        """
+        pandas: Any = import_module("pandas")
+
+        frame = pandas.DataFrame(dict(zip(self.columns, self._lists())), columns=self.columns)
+        for name, column in zip(self.columns, self._columns):
+            if column.holds_dates:
+                try:
+                    frame[name] = pandas.to_datetime(frame[name])
+                except (ValueError, OverflowError):
+                    pass  # a day that datetime64 does not know
+        return frame
+
+    def to_arrow(self) -> Any:
+        """A pyarrow Table. Other libraries take the table itself: `polars.DataFrame(table)`.
+
+        >>> people = company.employees().to_arrow()    # doctest: +SKIP
+        """
+        return import_module("pyarrow").table(self)
+
+    def __arrow_c_stream__(self, requested_schema: object = None) -> object:
+        return capsule_of(self._batch.stream(self._rows))
+
+    # ---- to look at -----------------------------------------------------------------------------
+
+    def _head(self) -> List[Tuple[str, ...]]:
+        shown = self[:_SHOWN_ROWS]
+        return [tuple("" if cell is None else str(cell) for cell in row) for row in shown]
+
+    def _size(self) -> str:
+        return f"{len(self)} rows × {len(self.columns)} columns"
 
     def __repr__(self) -> str:
-        return f"<Table of {len(self)} rows: {', '.join(self.columns)}>"
+        head = self._head()
+        columns: List[List[str]] = []
+        width = 0
+        for place, name in enumerate(self.columns):
+            cells = [name, *(row[place] for row in head)]
+            cells = [cell if len(cell) <= 30 else cell[:29] + "…" for cell in cells]
+            wide = max(map(len, cells))
+            width += wide + 2
+            if width > _WIDTH and columns:
+                columns.append(["…"] * len(cells))
+                break
+            columns.append([cell.ljust(wide) for cell in cells])
+        lines = ["  ".join(cells).rstrip() for cells in zip(*columns)]
+        if len(self) > len(head):
+            lines.append("…")
+        return "\n".join([*lines, f"[{self._size()}]"])
+
+    def _repr_html_(self) -> str:
+        def line(tag: str, cells: Tuple[str, ...]) -> str:
+            return "".join(f"<{tag}>{html.escape(cell)}</{tag}>" for cell in cells)
+
+        body = "".join(f"<tr>{line('td', row)}</tr>" for row in self._head())
+        more = "…, " if len(self) > _SHOWN_ROWS else ""
+        return (
+            f"<table><thead><tr>{line('th', self.columns)}</tr></thead>"
+            f"<tbody>{body}</tbody></table><p>{more}{self._size()}</p>"
+        )
 
 
-def _value(cell: Cell) -> Value:
-    if cell.kind == TEXT:
-        return ctypes.string_at(cell.text, cell.length).decode()
-    if cell.kind == _DATE:
-        return date_in(cell.integer)
-    if cell.kind == _MONEY:
-        return money_in(cell.integer)
-    if cell.kind == _DOUBLE:
-        return cell.number
-    if cell.kind == _BOOLEAN:
-        return cell.integer != 0
-    return cell.integer if cell.kind == _INTEGER else None
+def _cell(handle: int, row: int, column: int) -> Any:
+    """A cell of a column in which each may be of another kind."""
+    where = (handle, row, column)
+    kind = call("table_kind", *where)[0]
+    if kind == TEXT:
+        return call("table_text", *where)[0]
+    if kind == DATE:
+        return date_in(call("table_date", *where)[0])
+    if kind == MONEY:
+        return money_in(call("table_money", *where)[0])
+    if kind == DOUBLE:
+        return call("table_double", *where)[0]
+    if kind == BOOLEAN:
+        return call("table_integer", *where)[0] != 0
+    return call("table_integer", *where)[0] if kind == INTEGER else None
 
 
-def take(handle: int) -> Table:
-    """Reads all of a table of the library and closes it."""
+def take(handle: int, base: Type[R]) -> Table[R]:
+    """Takes all columns of a table of the library and closes it."""
     try:
-        rows, columns = call("table_size", handle)
-        names = [call("table_name", handle, column)[0] for column in range(columns)]
-        cells = (Cell * columns)()
-        taken = []
-        for row in range(rows):
-            call("table_row", handle, row, cells, columns)
-            taken.append(tuple(map(_value, cells)))
-        return Table(names, taken)
+        batch = Batch(handle)
+        columns = []
+        for place, name in enumerate(batch.names):
+            if batch.formats[place] == "U" and call("table_column_kind", handle, place)[0] == MIXED:
+                values = [_cell(handle, row, place) for row in range(batch.rows)]
+                columns.append(cast(Column, MixedColumn(values)))
+            else:
+                columns.append(Column(batch, place, ENUMS.get(name)))
+        return Table(base, tuple(batch.names), columns, batch, range(batch.rows))
     finally:
         call("table_close", handle)
