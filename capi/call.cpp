@@ -6,6 +6,7 @@
 #include <new>
 
 #include "capi/utf8.h"
+#include "ledgerwick/calendar/frequency.h"
 
 namespace ledgerwick::c {
 
@@ -95,21 +96,8 @@ ledgerwick_date dateOut(Date date) {
 }
 
 PR_Pay_Freq frequencyIn(std::int32_t frequency, bool choice) {
-    switch (frequency) {
-        case LEDGERWICK_ALL:
-            if (!choice) break;
-            [[fallthrough]];
-        case LEDGERWICK_CASUAL:
-        case LEDGERWICK_WEEKLY:
-        case LEDGERWICK_FORTNIGHTLY:
-        case LEDGERWICK_FOUR_WEEKLY:
-        case LEDGERWICK_MONTHLY:
-        case LEDGERWICK_QUARTERLY:
-        case LEDGERWICK_HALF_YEARLY:
-        case LEDGERWICK_YEARLY:
-            return static_cast<PR_Pay_Freq>(frequency);
-        default:
-            break;
+    if (calendar::findFrequency(frequency) || (choice && frequency == LEDGERWICK_ALL)) {
+        return static_cast<PR_Pay_Freq>(frequency);
     }
     constexpr std::int32_t invalidPayFrequency = 9910;
     throw Error(invalidPayFrequency, "ledgerwick_c",

@@ -10,6 +10,7 @@
 #include "ledgerwick/employee/load_queries.h"
 #include "ledgerwick/employment/employment.h"
 #include "ledgerwick/employment/payment.h"
+#include "ledgerwick/employment/stored_expected_dates.h"
 #include "ledgerwick/host/class_factory.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/enums.h"
@@ -18,4 +19,5 @@
 #include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/orders/ds_item.h"
 #include "ledgerwick/orders/order_line.h"
+#include "ledgerwick/records/pay_row_order.h"
 #include "ledgerwick/records/schema.h"

@@ -1,78 +1,69 @@
 #include "ledgerwick/calendar/frequency.h"
 
+#include <algorithm>
 #include <string>
-#include <string_view>
 
-#include "ledgerwick/host/dll_global.h"
-#include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/error.h"
 
 namespace ledgerwick {
 namespace {
 
-struct Coding {
-    PR_Pay_Freq freq;
-    std::int16_t payPeriod;
-};
-
 constexpr std::int16_t monthlyPeriod = -1;
 
-constexpr Coding codings[] = {
-    {PFREQ_Casual, 0},
-    {PFREQ_1Weekly, 1},
-    {PFREQ_2Weekly, 2},
-    {PFREQ_4Weekly, 4},
-    {PFREQ_Monthly, monthlyPeriod},
-    {PFREQ_Quarterly, 13},
-    {PFREQ_BiAnnual, 26},
-    {PFREQ_Annual, 52},
+// clang-format off
+constexpr calendar::Frequency table[] = {
+//   code             period         weeks months hours ahead  name
+    {PFREQ_1Weekly,   1,              1,   0,      1,  false, "weekly"},
+    {PFREQ_2Weekly,   2,              2,   0,      2,  false, "fortnightly"},
+    {PFREQ_4Weekly,   4,              4,   0,      4,  false, "four-weekly"},
+    {PFREQ_Monthly,   monthlyPeriod,  0,   1,      4,  true,  "monthly"},
+    {PFREQ_Quarterly, 13,            13,   3,     13,  true,  "quarterly"},
+    {PFREQ_BiAnnual,  26,            26,   6,     26,  true,  "half-yearly"},
+    {PFREQ_Annual,    52,            52,  12,     52,  true,  "yearly"},
+    {PFREQ_Casual,    0,              0,   0,      0,  false, "casual"},
 };
+// clang-format on
+
+template <class Member>
+const calendar::Frequency* find(Member member, std::int32_t value) noexcept {
+    const auto* const found = std::ranges::find(table, value, member);
+    return found == std::end(table) ? nullptr : found;
+}
 
 Error invalid(std::int32_t number, const char* source, std::string_view what, std::int16_t code) {
     return {number, source,
             "Invalid Pay " + std::string(what) + " (" + std::to_string(code) + ")."};
 }
 
-// Stores a date by `update`, a statement with places for the date and the row's key; tells the user
-// of a failure.
-bool storeDate(std::string_view update, Date date, std::int32_t lPRPID, const char* failureText) {
-    try {
-        const std::string sql =
-            statement(update, {DLLGlobal::pf().DateToUSstr(date), std::to_string(lPRPID)});
-        DLLGlobal::g().DBDll().Execute(sql, failOnError);
-        return true;
-    } catch (...) {  // whatever went wrong, the user is told and the old date stays
-    }
-    auto& host = DLLGlobal::g();
-    host.ShowCriticalMessage(host.g_strProgName() + " - Error", failureText);
-    return false;
-}
-
 }  // namespace
 
 std::int16_t PR_Convert_PayFreq_to_PayPeriod(PR_Pay_Freq iFreq) {
-    for (const auto& coding : codings) {
-        if (coding.freq == iFreq) return coding.payPeriod;
-    }
-    throw invalid(9910, "PR_Convert_PayFreq_to_PayPeriod", "Freq", iFreq);
+    return calendar::frequencyOf(iFreq).payPeriod;
 }
 
 PR_Pay_Freq PR_Convert_PayPeriod_to_PayFreq(std::int16_t iPeriod) {
-    const std::int16_t payPeriod = iPeriod < 0 ? monthlyPeriod : iPeriod;
-    for (const auto& coding : codings) {
-        if (coding.payPeriod == payPeriod) return coding.freq;
-    }
+    if (const auto* const found = calendar::findByPayPeriod(iPeriod)) return found->code;
     throw invalid(9911, "PR_Convert_PayPeriod_to_PayFreq", "Period", iPeriod);
 }
 
-bool PR_SetNExpPayDate(std::int32_t lPRPID, Date dtNExpPayDate) {
-    return storeDate("UPDATE PRPAY SET PRPNExpPayDate = #@# WHERE PRPID = @", dtNExpPayDate, lPRPID,
-                     "Unable to set Next Pay Date!");
+namespace calendar {
+
+std::span<const Frequency> frequencies() noexcept {
+    return table;
 }
 
-bool PR_SetNExpEPEDate(std::int32_t lPRPID, Date dtNExpEPEDate) {
-    return storeDate("UPDATE PRPAY SET PRPNExpEPEDate = #@#WHERE PRPID = @", dtNExpEPEDate, lPRPID,
-                     "Unable to set Next EPE Date!");
+const Frequency& frequencyOf(PR_Pay_Freq code) {
+    if (const auto* const found = findFrequency(code)) return *found;
+    throw invalid(9910, "PR_Convert_PayFreq_to_PayPeriod", "Freq", code);
 }
 
+const Frequency* findFrequency(std::int32_t code) noexcept {
+    return find(&Frequency::code, code);
+}
+
+const Frequency* findByPayPeriod(std::int32_t payPeriod) noexcept {
+    return find(&Frequency::payPeriod, payPeriod < 0 ? monthlyPeriod : payPeriod);
+}
+
+}  // namespace calendar
 }  // namespace ledgerwick

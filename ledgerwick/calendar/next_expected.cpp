@@ -83,9 +83,9 @@ Date nextMonthlyDate(Date date, const MonthlyRule& rule, bool freqChange, bool r
 
 Date nextExpectedDate(Date date, PR_Pay_Freq freq, const MonthlyRule& rule, bool freqChange,
                       bool reverse) {
-    const std::int16_t payPeriod = PR_Convert_PayFreq_to_PayPeriod(freq);
-    if (payPeriod < 0) return nextMonthlyDate(date, rule, freqChange, reverse);
-    const std::int32_t days = payPeriod == 0 ? 1 : payPeriod * 7;
+    const Frequency& frequency = frequencyOf(freq);
+    if (frequency.code == PFREQ_Monthly) return nextMonthlyDate(date, rule, freqChange, reverse);
+    const std::int32_t days = frequency.weeks == 0 ? 1 : frequency.weeks * 7;
     return date.addDays(reverse ? -days : days);
 }
 

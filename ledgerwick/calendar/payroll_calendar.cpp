@@ -156,9 +156,9 @@ std::int32_t CPayrollFunctions::WeekNoOfDate(std::int32_t lngYearNoIn, Date dtmI
 }
 
 void CPayrollFunctions::AECalcR_PRP(Date dDate, std::int32_t lPayPeriodIn, Variant& vDates) {
-    constexpr std::int32_t weekly = 1;
-    const std::int16_t startDay =
-        lPayPeriodIn == weekly ? DLLGlobal::g().g_iAEPRPStartDay() : std::int16_t{0};
+    const std::int16_t startDay = lPayPeriodIn == calendar::weeklyPayPeriod
+                                      ? DLLGlobal::g().g_iAEPRPStartDay()
+                                      : std::int16_t{0};
     vDates = toArray(calendar::payReferencePeriod(dDate, lPayPeriodIn, startDay));
 }
 

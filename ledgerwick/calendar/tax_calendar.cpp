@@ -4,6 +4,7 @@
 #include <limits>
 #include <string>
 
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/values/checked.h"
 #include "ledgerwick/values/error.h"
 
@@ -59,22 +60,11 @@ struct PeriodLength {
 };
 
 PeriodLength lengthOf(std::int32_t payPeriod, std::string_view source) {
-    switch (payPeriod) {
-        case 1:
-        case 2:
-        case 4:
-            return {payPeriod * 7, 0};
-        case 13:
-            return {0, 3};
-        case 26:
-            return {0, 6};
-        case 52:
-            return {0, 12};
-        default:
-            if (payPeriod < 0) return {0, 1};
-            throw Error(9909, std::string(source),
-                        "Invalid Pay Period (" + std::to_string(payPeriod) + ").");
-    }
+    const Frequency* const frequency = findByPayPeriod(payPeriod);
+    if (frequency && frequency->months != 0) return {0, frequency->months};
+    if (frequency && frequency->weeks != 0) return {frequency->weeks * 7, 0};
+    throw Error(9909, std::string(source),
+                "Invalid Pay Period (" + std::to_string(payPeriod) + ").");
 }
 
 Date toDate(std::int32_t dayNumber) {
@@ -141,13 +131,12 @@ Date taxWeekEnd(int taxYear, std::int32_t week) {
 
 DateRange payReferencePeriod(Date date, std::int32_t payPeriod, std::int16_t startDay) {
     constexpr std::string_view source = "AECalcR_PRP";
-    constexpr std::int32_t weekly = 1;
     constexpr std::int16_t saturday = 7;
     const auto length = lengthOf(payPeriod, source);
     const auto day = taxDayOf(date);
     if (length.months != 0) return monthRun(day, length.months);
     std::int32_t start = day.yearStart();
-    if (payPeriod == weekly && startDay > 0) {
+    if (payPeriod == weeklyPayPeriod && startDay > 0) {
         if (startDay > saturday) raise(error_number::overflow, source);
         start -= daysBackToWeekday(start, startDay);
     }

@@ -31,6 +31,9 @@ struct DateRange {
 // Payroll year 16 is the tax year that begins on 6 April 2015.
 inline constexpr int calendarYearOfPayrollYear0 = 1999;
 
+// The pay period code of one week, whose reference period can begin on any weekday.
+inline constexpr std::int32_t weeklyPayPeriod = 1;
+
 // The calendar year in which the tax year of the date began.
 // Shape:  99 to 9999.
 LEDGERWICK_API int taxYearOf(Date date) noexcept;

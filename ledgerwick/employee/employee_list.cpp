@@ -1,6 +1,7 @@
 #include "ledgerwick/employee/employee_list.h"
 
 #include "ledgerwick/employee/decimal_key.h"
+#include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/text.h"
 
@@ -151,6 +152,13 @@ void CEmployeeList::Clear() {
     naidIndex_.clear();
     ninoIndex_.clear();
     unfilled_.clear();
+}
+
+CEmployeeList& DLLGlobal::EmployeeList() {
+    Object* const held = references().EmployeeList.get();
+    auto* const list = dynamic_cast<CEmployeeList*>(held);
+    if (list) return *list;
+    raise(held ? error_number::noSuchMember : error_number::objectNotSet, "EmployeeList");
 }
 
 }  // namespace ledgerwick

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "ledgerwick/employee/employee_list.h"
-#include "ledgerwick/employee/load_queries.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/pay_row_order.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/records/statement.h"
 

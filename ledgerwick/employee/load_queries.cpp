@@ -1,8 +1,10 @@
 #include "ledgerwick/employee/load_queries.h"
 
+#include <string>
 #include <vector>
 
 #include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/pay_row_order.h"
 #include "ledgerwick/records/statement.h"
 
 namespace ledgerwick {
@@ -58,10 +60,6 @@ RecordsetRef OpenPaymentsRS(std::int32_t lNAID, std::int32_t lPYEmployCount,
            ORDER BY @)",
         {where(conditions), PaymentsOrderBy()});
     return DLLGlobal::g().DBDll().OpenRecordset(sql, RecordsetType::Snapshot, reads);
-}
-
-std::string PaymentsOrderBy() {
-    return "PRPNAID, PRPPayrollYear, PRPPYEmployCount, PRPWeekNo, PRPRTIPayDate, PRPID";
 }
 
 }  // namespace ledgerwick

@@ -1,8 +1,7 @@
-// The query builders that the load and other rooms share.
+// The two queries of the load, which other rooms run too.
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "ledgerwick/export.h"
 #include "ledgerwick/records/record_access.h"
@@ -18,8 +17,5 @@ LEDGERWICK_API RecordsetRef OpenEmployeesRS(std::int32_t lNAID, FieldList reads 
 // Shape:  `lNAID` and `lPYEmployCount` 0 for all, `lPayrollYear` -1 for all.
 LEDGERWICK_API RecordsetRef OpenPaymentsRS(std::int32_t lNAID, std::int32_t lPYEmployCount,
                                            std::int32_t lPayrollYear, FieldList reads = {});
-
-// The field list of the ORDER BY in which pay rows are worked.
-LEDGERWICK_API std::string PaymentsOrderBy();
 
 }  // namespace ledgerwick

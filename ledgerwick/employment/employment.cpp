@@ -1,6 +1,6 @@
 #include "ledgerwick/employment/employment.h"
 
-#include "ledgerwick/calendar/frequency.h"
+#include "ledgerwick/employment/stored_expected_dates.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/records/schema.h"
 

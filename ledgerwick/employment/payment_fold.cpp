@@ -53,14 +53,15 @@ std::int16_t taxMonthOf(std::int16_t period) {
 }
 
 bool isLongerThanMonth(std::int16_t period) {
-    return period == 13 || period == 26 || period == 52;
+    const auto* const frequency = calendar::findByPayPeriod(period);
+    return frequency && frequency->months > 1;
 }
 
 // The frequency of a reported payment.
 // Shape: a PR_Pay_Freq value; 3 and 5 stand for themselves here.
 std::int16_t reportedFrequency(std::int16_t period) {
-    if (period < 0) return PFREQ_Monthly;
-    return period == 4 ? std::int16_t{PFREQ_4Weekly} : period;
+    const auto* const frequency = calendar::findByPayPeriod(period);
+    return frequency ? std::int16_t{frequency->code} : period;
 }
 
 // The number of a reported payment's period: the tax month of monthly and longer periods, else the

@@ -3,7 +3,6 @@
 #include <string_view>
 #include <utility>
 
-#include "ledgerwick/employee/employee_list.h"
 #include "ledgerwick/host/module_references.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
@@ -25,7 +24,6 @@ struct Uses {
     Use<FileFunctions> fp;
     Use<DataAccess> DAO_ADO;
     Use<ProgramFunctions> pf;
-    Use<CEmployeeList> EmployeeList;
     bool ended = false;  // the thread is at its end, and nothing is held any more
 };
 constinit thread_local Uses uses;
@@ -47,6 +45,11 @@ thread_local Held held;
 const References& nothing() {
     static const auto* const none = new References;
     return *none;
+}
+
+// A reference that is held only, or whose class stands above this room.
+void hold(ObjectRef References::*reference, ObjectRef object) noexcept {
+    if (!uses.ended) (held.*reference).swap(object);
 }
 
 // The object that was held goes last: its destructor finds the new one in place.
@@ -81,9 +84,6 @@ DataAccess& DAO_ADO() {
 ProgramFunctions& pf() {
     return used(uses.pf, "pf");
 }
-CEmployeeList& EmployeeList() {
-    return used(uses.EmployeeList, "EmployeeList");
-}
 
 const References& references() {
     return uses.ended ? nothing() : held;
@@ -106,13 +106,13 @@ void holdDAO_ADO(ObjectRef object) {
     hold(&References::DAO_ADO, &Uses::DAO_ADO, std::move(object));
 }
 void holdARFuncs(ObjectRef object) {
-    if (!uses.ended) held.ARFuncs.swap(object);
+    hold(&References::ARFuncs, std::move(object));
 }
 void holdPf(ObjectRef object) {
     hold(&References::pf, &Uses::pf, std::move(object));
 }
 void holdEmployeeList(ObjectRef object) {
-    hold(&References::EmployeeList, &Uses::EmployeeList, std::move(object));
+    hold(&References::EmployeeList, std::move(object));
 }
 
 }  // namespace ledgerwick::DLLGlobal

@@ -19,12 +19,13 @@ namespace DLLGlobal {
 // Errors: 91 while the reference is empty, 438 when the object held does not offer the members, with
 //         the reference's name as the source.
 
-LEDGERWICK_API HostGlobal& CallerGlobal();     // the host's global object
-LEDGERWICK_API HostState& g();                 // the host's global state
-LEDGERWICK_API FileFunctions& fp();            // the host's file functions
-LEDGERWICK_API DataAccess& DAO_ADO();          // the data-access object
-LEDGERWICK_API ProgramFunctions& pf();         // the host's program functions
-LEDGERWICK_API CEmployeeList& EmployeeList();  // the list that holds all employees
+LEDGERWICK_API HostGlobal& CallerGlobal();  // the host's global object
+LEDGERWICK_API HostState& g();              // the host's global state
+LEDGERWICK_API FileFunctions& fp();         // the host's file functions
+LEDGERWICK_API DataAccess& DAO_ADO();       // the data-access object
+LEDGERWICK_API ProgramFunctions& pf();      // the host's program functions
+// The list that holds all employees; defined in employee/employee_list.cpp.
+LEDGERWICK_API CEmployeeList& EmployeeList();
 
 // What the references hold, empty or not; held only, for a host that asks.
 struct References {

@@ -5,11 +5,12 @@
 #include <utility>
 #include <vector>
 
-#include "ledgerwick/employee/load_queries.h"
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/payrun/due_employees.h"
 #include "ledgerwick/payrun/pay_record.h"
+#include "ledgerwick/records/pay_row_order.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/checked.h"
@@ -74,10 +75,6 @@ enum ColumnRow : std::int32_t {
     rowWeekNo = 7,
     rowPaymentPeriod = 8,
 };
-
-bool isWeekly(PR_Pay_Freq frequency) {
-    return frequency == PFREQ_1Weekly || frequency == PFREQ_2Weekly || frequency == PFREQ_4Weekly;
-}
 
 }  // namespace
 
@@ -152,13 +149,15 @@ void CPayrollFunctions::InputHours::prepare(std::int32_t naid) {
 // tax period, and 52 stands in for the odd days of week 53.
 void CPayrollFunctions::InputHours::collectPeriodsDue() {
     weeks_.clear();
+    const calendar::Frequency& frequency = calendar::frequencyOf(frequency_);
+    const bool isWeeklyType = frequency.isWeeklyType();
     std::int16_t counted = employment_->LastWeekNo();
     for (Date due = employment_->NExpPayDate(); due <= payDate_; due = nextDate(due, PR_NExp_Pay)) {
-        if (isWeekly(frequency_)) counted = addInt16(counted, narrowToInt16(payPeriod_));
+        if (isWeeklyType) counted = addInt16(counted, frequency.weeks);
         const std::int32_t taxWeek =
             payroll_.C_CalcTaxWeek(payroll_.C_CalcTaxPeriodEndDate(due, payPeriod_));
-        weeks_.push_back(isWeekly(frequency_) ? std::max<std::int32_t>(counted, taxWeek)
-                                              : std::min(taxWeek, 52));
+        weeks_.push_back(isWeeklyType ? std::max<std::int32_t>(counted, taxWeek)
+                                      : std::min(taxWeek, 52));
     }
 }
 

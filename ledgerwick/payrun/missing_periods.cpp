@@ -2,9 +2,10 @@
 #include <array>
 #include <string>
 
-#include "ledgerwick/employee/load_queries.h"
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/pay_row_order.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/checked.h"
@@ -83,8 +84,15 @@ MissingPeriod monthAfter(CPayrollFunctions& payroll, const RowBefore& before) {
     return {code, payroll.C_CalcTaxWeek(end), end};
 }
 
+// How many weeks a pay row of that period stands for; a period that is no frequency's counts as
+// that many.
+std::int32_t weeksOf(std::int32_t period) {
+    const auto* const frequency = calendar::findByPayPeriod(period);
+    return frequency ? frequency->weeks : period;
+}
+
 MissingPeriod weeksAfter(CPayrollFunctions& payroll, const RowBefore& before, std::int32_t period) {
-    const std::int32_t week = addInt32(before.week, period);
+    const std::int32_t week = addInt32(before.week, weeksOf(period));
     return {period, week, payroll.C_CalcTaxWeekEndDate(narrowToInt16(week))};
 }
 
@@ -127,9 +135,10 @@ void fillGap(CPayrollFunctions& payroll, Recordset& rows, RowBefore before, Reco
         }
     } else if (period != 0 && period == before.period) {
         const std::int32_t week = walk.GetInt32(PRPWeekNo);
-        while (addInt32(before.week, period) < week) {
+        const std::int32_t weeks = weeksOf(period);
+        while (addInt32(before.week, weeks) < week) {
             addFiller(rows, weeksAfter(payroll, before, period), before, walk);
-            before.week = addInt32(before.week, period);
+            before.week = addInt32(before.week, weeks);
         }
     }
 }

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/records/schema.h"
@@ -166,14 +167,18 @@ void copy(Recordset& from, Recordset& to, std::span<const FieldCopy> fields) {
     for (const FieldCopy& field : fields) to.Value(field.to, from.Value(field.from));
 }
 
-// The standard hours of a period. A monthly period counts as four weeks, and so does a four-weekly
-// one, whose frequency is 3.
+// The weeks of normal hours in a period; a frequency that the table lacks counts as that many.
+std::int16_t standardWeeks(std::int16_t frequency) {
+    const auto* const found = calendar::findFrequency(frequency);
+    return found ? found->standardWeeks : frequency;
+}
+
+// The standard hours of a period.
 double standardHours(Recordset& employee) {
     if (!employee.GetBoolean(PREHourlyPaid)) return 0;
     double week = 0;
     for (const FieldName& day : PRENormHours) week += employee.GetDouble(day);
-    const std::int16_t frequency = employee.GetInt16(PREPayFrequency);
-    return week * (frequency == PFREQ_4Weekly ? 4 : frequency);
+    return week * standardWeeks(employee.GetInt16(PREPayFrequency));
 }
 
 void copyStandingItems(Recordset& employee, Recordset& row) {

@@ -3,10 +3,11 @@
 #include <exception>
 #include <string>
 
-#include "ledgerwick/employee/load_queries.h"
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/payrun/due_employees.h"
+#include "ledgerwick/records/pay_row_order.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/records/statement.h"
 
@@ -23,6 +24,13 @@ struct LookAhead {
 LookAhead stepped(CPayrollFunctions& payroll, const LookAhead& from, PR_Pay_Freq frequency) {
     return {payroll.C_Calc_Next_NExpDate(from.epe, frequency, PR_NExp_EPE),
             payroll.C_Calc_Next_NExpDate(from.pay, frequency, PR_NExp_Pay)};
+}
+
+// A frequency that the table lacks looks ahead too, so that its step raises 9910; a selection value
+// does not.
+bool looksAheadAtClosing(PR_Pay_Freq frequency) {
+    const auto* const found = calendar::findFrequency(frequency);
+    return found ? found->looksAhead : frequency > 0;
 }
 
 RecordsetRef openRowsUpTo(Date payDate, std::int32_t naid) {
@@ -47,7 +55,7 @@ void CPayrollFunctions::C_UpdatePayPeriod(std::int32_t lngNAIDIn, Date dPayDateI
         const PR_Pay_Freq frequency = payrun::frequencyOf(*employee);
         // The longer periods get their dates by the pay-day rules of today; weekly types keep those
         // of their preparation.
-        const bool looksAhead = frequency >= PFREQ_Monthly;
+        const bool looksAhead = looksAheadAtClosing(frequency);
         LookAhead dates;
         if (looksAhead) {
             const auto employment = employee->CurEmployment();
