@@ -77,6 +77,23 @@ if(LEDGERWICK_WITH_HOSTKIT)
   install(EXPORT LedgerwickHostkitTargets NAMESPACE Ledgerwick::
           DESTINATION ${LEDGERWICK_PACKAGE_DIR} COMPONENT Development)
 endif()
+# The Python package, where the system's Python looks for such: packaging/build-deb names the folder.
+if(LEDGERWICK_WITH_HOSTKIT AND LEDGERWICK_PYTHON_DIR)
+  file(STRINGS bindings/python/ledgerwick/__init__.py version REGEX "^__version__")
+  if(NOT version STREQUAL "__version__ = \"${PROJECT_VERSION}\"")
+    message(FATAL_ERROR "bindings/python has another version: ${version}")
+  endif()
+  find_package(Python3 3.9 REQUIRED COMPONENTS Interpreter)
+  set(dist_info ledgerwick-${PROJECT_VERSION}.dist-info)
+  execute_process(
+    COMMAND ${Python3_EXECUTABLE} -B bindings/python/build_backend/ledgerwick_build.py
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+    OUTPUT_FILE ${PROJECT_BINARY_DIR}/METADATA COMMAND_ERROR_IS_FATAL ANY)
+  install(DIRECTORY bindings/python/ledgerwick DESTINATION ${LEDGERWICK_PYTHON_DIR} COMPONENT Python
+          FILES_MATCHING PATTERN "*.py" PATTERN py.typed PATTERN __pycache__ EXCLUDE)
+  install(FILES ${PROJECT_BINARY_DIR}/METADATA DESTINATION ${LEDGERWICK_PYTHON_DIR}/${dist_info}
+          COMPONENT Python)
+endif()
 if(TARGET ledgerwick_command)
   install(TARGETS ledgerwick_command RUNTIME COMPONENT Command)
   install(DIRECTORY examples/company DESTINATION ${CMAKE_INSTALL_DATADIR}/ledgerwick/examples

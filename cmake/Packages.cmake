@@ -8,6 +8,9 @@ set(CPACK_COMPONENTS_ALL Runtime Development)
 if(TARGET ledgerwick_command)
   list(APPEND CPACK_COMPONENTS_ALL Command)
 endif()
+if(LEDGERWICK_PYTHON_DIR)
+  list(APPEND CPACK_COMPONENTS_ALL Python)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -60,6 +63,24 @@ set(CPACK_DEBIAN_COMMAND_DESCRIPTION
  .
  A sample company, the database's schema, the man page and completions for
  bash and zsh are included.")
+
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-ledgerwick)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "python3 (>= 3.9), ${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}")
+# Python's own tools compile the package when it comes and clear up when it goes.
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+    "${PROJECT_SOURCE_DIR}/packaging/debian/python/postinst;${PROJECT_SOURCE_DIR}/packaging/debian/python/prerm")
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION
+    "UK payroll object library for Python
+ Ledgerwick is a payroll object library that an accounts suite loads
+ in-process. It loads employees with their employments, knows the UK tax
+ calendar, opens and closes pay runs, and produces the tables and letters
+ of pension auto-enrolment.
+ .
+ This package holds the Python package ledgerwick.")
 
 # Man pages are compressed, and every package gets its copyright and its changelog.
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/DebianFiles.cmake)

@@ -10,6 +10,7 @@ import sys
 import tempfile
 import threading
 import unittest
+import zipfile
 from contextlib import closing
 from datetime import date, datetime, timedelta
 from decimal import Decimal, localcontext
@@ -49,8 +50,8 @@ class Declarations(unittest.TestCase):
             for member in enum:
                 self.assertRegex(header, rf"LEDGERWICK_{member.name} = {member.value}\b")
 
-    def test_a_missing_library_is_told_with_the_variable_that_names_it(self):
-        for named, told in (("/no/such/library.so", "LEDGERWICK_LIBRARY"),
+    def test_a_missing_library_is_told_with_the_package_to_install(self):
+        for named, told in (("/no/such/library.so", "libledgerwick1"),
                             ("libc.so.6", "is not libledgerwick_c")):
             environment = {**os.environ, "LEDGERWICK_LIBRARY": named,
                            "PYTHONPATH": str(SOURCE / "bindings/python")}
@@ -58,6 +59,33 @@ class Declarations(unittest.TestCase):
                                  capture_output=True, text=True)
             self.assertIn("ImportError", run.stderr)
             self.assertIn(told, run.stderr)
+
+
+class Wheel(unittest.TestCase):
+    def test_holds_all_that_a_program_needs(self):
+        with tempfile.TemporaryDirectory() as folder:
+            library = Path(_library.LIBRARY._name).parent
+            build = ("import sys; sys.path.insert(0, sys.argv[1]); import ledgerwick_build as build\n"
+                     "print(build.build_wheel(sys.argv[2]))")
+            backend = SOURCE / "bindings/python/build_backend"
+            name = subprocess.run(
+                [sys.executable, "-c", build, backend, folder], check=True, capture_output=True,
+                text=True, env={**os.environ, "LEDGERWICK_LIBRARIES": str(library)}).stdout.strip()
+            with zipfile.ZipFile(Path(folder) / name) as wheel:
+                wheel.extractall(folder)
+            environment = {key: value for key, value in os.environ.items()
+                           if key not in ("LEDGERWICK_LIBRARY", "PYTHONPATH")}
+            program = ("import importlib.metadata as of, ledgerwick, runpy, sys\n"
+                       "assert ledgerwick._library.LIBRARY._name.startswith(sys.path[1])\n"
+                       "version = of.version('ledgerwick')\n"
+                       "assert version == ledgerwick.__version__ == ledgerwick.version(), version\n"
+                       "runpy.run_path(sys.argv[1], run_name='__main__')")
+            example = SOURCE / "bindings/python/examples/pay_run.py"
+            run = subprocess.run([sys.executable, "-W", "error", "-c", program, example], check=True,
+                                 capture_output=True, text=True,
+                                 env={**environment, "PYTHONPATH": folder})
+            self.assertIn("calculated 2", run.stdout)
+            self.assertFalse(list(backend.glob("__pycache__")))
 
 
 class Company(unittest.TestCase):

@@ -27,7 +27,10 @@ from .session import (
 from .tables import Row, Table
 from .values import Durability, Frequency, Letter
 
+__version__ = "1.0.0"
+
 __all__ = [
+    "__version__",
     "Due",
     "Durability",
     "Frequency",

@@ -246,7 +246,8 @@ def _load() -> ctypes.CDLL:
             raise ImportError(f"{place} has ABI {abi}; this package needs {_ABI}")
         return library
     raise ImportError(
-        "libledgerwick_c was not found; name its file in LEDGERWICK_LIBRARY: " + "; ".join(failures)
+        f"{_FILE}.{_ABI} was not found; install the package libledgerwick1, or name the file in "
+        "LEDGERWICK_LIBRARY: " + "; ".join(failures)
     )
 
 
