@@ -79,6 +79,7 @@ class ForwardingDatabase : public Database {
     }
     void BeginBatch() override { real_.BeginBatch(); }
     void EndBatch() override { real_.EndBatch(); }
+    void Announce(std::span<const std::int32_t> keys) override { real_.Announce(keys); }
 
   protected:
     // What the library gets in place of a set that was opened by `sql`.

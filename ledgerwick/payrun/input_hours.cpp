@@ -64,6 +64,13 @@ std::vector<Selected> selectedInOrder(CEmployeeList& list, const Choice& choice)
     return selection;
 }
 
+std::vector<std::int32_t> naidsOf(const std::vector<Selected>& selection) {
+    std::vector<std::int32_t> naids;
+    naids.reserve(selection.size());
+    for (const Selected& selected : selection) naids.push_back(selected.naid);
+    return naids;
+}
+
 // ---- the rows of the result array; row 5 stays empty
 
 enum ColumnRow : std::int32_t {
@@ -260,7 +267,9 @@ Variant CPayrollFunctions::C_InputHoursInit(Date dPayDateIn, std::int32_t lngFre
     employeeList().LoadImportedPay();
     const auto selection = selectedInOrder(employeeList(), {lngFrequencyIn, lngSLGNoIn, lngNAIDIn});
     if (!selection.empty()) {
-        inOneBatch(DLLGlobal::g().DBDll(), [&] {
+        Database& database = DLLGlobal::g().DBDll();
+        inOneBatch(database, [&] {
+            database.Announce(naidsOf(selection));
             for (const Selected& selected : selection) run.prepare(selected.naid);
         });
     }

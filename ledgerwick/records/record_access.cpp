@@ -45,5 +45,6 @@ void Recordset::Values(FieldList names, std::span<Variant> values) {
 
 void Database::BeginBatch() {}
 void Database::EndBatch() {}
+void Database::Announce(std::span<const std::int32_t>) {}
 
 }  // namespace ledgerwick

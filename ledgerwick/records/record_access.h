@@ -193,6 +193,13 @@ class LEDGERWICK_API Database : public Object {
     virtual void BeginBatch();
     // Ends what `BeginBatch` opened; what was written is stored then.
     virtual void EndBatch();
+
+    // Names the keys, such as employee numbers, that the work at hand goes through one after the
+    // other, in this order. A layer far from its data can then read for many of them in one
+    // request. Only a hint: no result depends on it, and keys that nobody asks for do no harm. It
+    // holds until the batch ends or the next call; outside a batch until the next call. No keys
+    // end it. The default does nothing.
+    virtual void Announce(std::span<const std::int32_t> keys);
 };
 
 // Runs `work` with its writes in one batch of `database`. The batch is ended also when `work`

@@ -135,6 +135,7 @@ TEST(Selection, IsWorkedInTheOrderOfCodeThenNameThenNumber) {
     }
     office.company.load();
     EXPECT_THAT(each(office.open(day("2016-04-08")), &Column::naid), ElementsAre(4, 2, 3, 1, 5, 6));
+    EXPECT_THAT(office.library().announced, ElementsAre(4, 2, 3, 1, 5, 6));
 }
 
 TEST(Run, WithNothingDueGivesOneEmptyColumnAndWritesNothing) {

@@ -9,8 +9,10 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "hostkit/forwarding/forwarding_database.h"
 #include "ledgerwick/values/error.h"
@@ -98,6 +100,13 @@ class FailingDatabase : public ForwardingDatabase {
     int count(Operation kind) const { return counts_->of(kind); }
     // Called after each row that is stored and each statement that is run.
     void onStored(std::function<void()> look) { counts_->stored = std::move(look); }
+
+    // The keys that were announced last.
+    std::vector<std::int32_t> announced;
+    void Announce(std::span<const std::int32_t> keys) override {
+        announced.assign(keys.begin(), keys.end());
+        ForwardingDatabase::Announce(keys);
+    }
 
     void Execute(std::string_view sql, std::int32_t option) override {
         counts_->pass(Operation::Execute);
