@@ -76,7 +76,8 @@ enum {
     LEDGERWICK_NO_SUCH_NAME = 3265,  // of a table, a field, a column or a parameter
     LEDGERWICK_CLOSED = 3420,        // a handle that was closed, or never opened
     LEDGERWICK_NOT_UTF8 = 20001,     // a text that was handed in
-    LEDGERWICK_WRONG_THREAD = 20002  // a handle that another thread opened
+    LEDGERWICK_WRONG_THREAD = 20002,  // a handle that another thread opened
+    LEDGERWICK_BAD_FILES = 20003      // files of an import with faults, a line for each
 };
 
 // Longer texts are cut, never within a character.
@@ -130,6 +131,7 @@ typedef struct ledgerwick_options {
     const char* program_path;  // holds the folder "AE Letter Templates"; NULL: the current folder
     const char* workstation;   // letters, digits and "_"; NULL: "1"
     const char* program_name;  // in messages; NULL: "Ledgerwick"
+    ledgerwick_date as_of;     // the company as it stood at the end of that day, read-only; 0: now
 } ledgerwick_options;
 
 // Opens a company. Nothing is loaded yet. The library reads no clock: `today` is what the caller
@@ -161,6 +163,21 @@ LEDGERWICK_C_API int32_t ledgerwick_get_parameter(ledgerwick_session* session, c
 // Sets a named setting, and adds one that is not there.
 LEDGERWICK_C_API int32_t ledgerwick_set_parameter(ledgerwick_session* session, const char* name,
                                                   const char* value, ledgerwick_error* error);
+
+// ---- a company as files -------------------------------------------------------------------------
+
+// Reads the files TABLE.csv of a folder into the company. All are judged before the first row is
+// stored; a row whose key is there already is a fault, but for the settings, which it replaces. The
+// loaded employees show the rows after `ledgerwick_load`; `ledgerwick_audit` looks them over.
+// Shape:  table, rows.
+// Errors: 53 when there is no such folder, 20003 with a line for each fault.
+LEDGERWICK_C_API int32_t ledgerwick_import(ledgerwick_session* session, const char* folder,
+                                           ledgerwick_table** out, ledgerwick_error* error);
+// Writes every table as a file TABLE.csv into a folder, which is created if need be; files of these
+// names are replaced.
+// Shape:  table, rows.
+LEDGERWICK_C_API int32_t ledgerwick_export(ledgerwick_session* session, const char* folder,
+                                           ledgerwick_table** out, ledgerwick_error* error);
 
 // ---- tables -------------------------------------------------------------------------------------
 
@@ -438,6 +455,30 @@ LEDGERWICK_C_API int32_t ledgerwick_calculation_set(ledgerwick_session* session,
                                                     ledgerwick_date date, int32_t* set,
                                                     ledgerwick_error* error);
 
+// ---- questions ----------------------------------------------------------------------------------
+
+// Every fault of the company's data, the severest first; nothing is written, and what is loaded
+// stays.
+// Shape:  severity ("stops" a load or a run, makes "figures" wrong, or is a "note"), kind, table,
+//         key, naid, name, what, error (with which a load stops), what_to_do.
+LEDGERWICK_C_API int32_t ledgerwick_audit(ledgerwick_session* session, ledgerwick_table** out,
+                                          ledgerwick_error* error);
+// Why a date is what it is: frequency (empty for what holds for everybody), question, answer, date,
+// last_day, rule, source, controller (the parameter that the rule read).
+LEDGERWICK_C_API int32_t ledgerwick_explain(ledgerwick_session* session, ledgerwick_date date,
+                                            int32_t frequency, ledgerwick_table** out,
+                                            ledgerwick_error* error);
+// The pay dates of the company in the tax years from 6 April `tax_year` on, counted from the next
+// expected ones: pay_date, frequency, tax_year, period, left_over (a week 53 and its like).
+LEDGERWICK_C_API int32_t ledgerwick_pay_dates(ledgerwick_session* session, int32_t tax_year,
+                                              int32_t years, ledgerwick_table** out,
+                                              ledgerwick_error* error);
+// The figures of an employee's employments, each with the pay row that gave it: prtid, payroll_year,
+// figure, value, prpid, pay_date, week.
+// Errors: 91 for an unknown employee.
+LEDGERWICK_C_API int32_t ledgerwick_figures(ledgerwick_session* session, int32_t naid,
+                                            ledgerwick_table** out, ledgerwick_error* error);
+
 // ---- what falls due -----------------------------------------------------------------------------
 // Of the regular employees who are employed now. `none` becomes 1 when nobody was found.
 
@@ -570,6 +611,12 @@ LEDGERWICK_C_API int32_t ledgerwick_ae_recipients(ledgerwick_session* session, i
 LEDGERWICK_C_API int32_t ledgerwick_ae_letter(ledgerwick_session* session, int32_t naid,
                                               int32_t letter, const char** text,
                                               ledgerwick_error* error);
+
+// What is wrong with the template of a letter, whose kind its file name says: line, column, fault.
+// Errors: 53 when there is no such file.
+LEDGERWICK_C_API int32_t ledgerwick_ae_check_template(ledgerwick_session* session, const char* path,
+                                                      ledgerwick_table** out,
+                                                      ledgerwick_error* error);
 
 #ifdef __cplusplus
 }

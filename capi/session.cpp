@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "capi/utf8.h"
+#include "hostkit/history/as_of.h"
 #include "hostkit/office/company.h"
 
 namespace ledgerwick::c {
@@ -34,7 +35,7 @@ sqlite::OpenOptions openOptions(const ledgerwick_options& options) {
     if (options.busy_timeout > 0) {
         open.busyTimeout = std::chrono::milliseconds(options.busy_timeout);
     }
-    open.readOnly = options.read_only != 0;
+    open.readOnly = options.read_only != 0 || options.as_of != 0;
     return open;
 }
 
@@ -54,9 +55,7 @@ void removeFile(const std::string& path) {
 }
 
 void create(const std::string& path, std::int32_t taxYear) {
-    constexpr std::int32_t firstYear = 2001;
-    constexpr std::int32_t lastYear = 9990;
-    if (taxYear < firstYear || taxYear > lastYear) {
+    if (taxYear < firstTaxYear || taxYear > lastTaxYear) {
         raise(LEDGERWICK_INVALID_CALL, creating, "tax year " + std::to_string(taxYear));
     }
     if (path.empty() || path == ":memory:") {
@@ -88,8 +87,9 @@ std::shared_ptr<sqlite::SqliteDatabase> openExisting(const std::string& path,
 }  // namespace
 
 Session::Session(const std::string& path, Date today, const sqlite::OpenOptions& options,
-                 HostSettings settings)
+                 HostSettings settings, Date asOf)
     : database_(openExisting(path, options)) {
+    if (asOf.isSet()) history::showAsOf(*database_, asOf);
     settings.messages = [this](const std::string&, const std::string& text) { message_ = text; };
     host_ = std::make_unique<HostSession>(database_, today, std::move(settings));
 }
@@ -132,9 +132,9 @@ std::int32_t ledgerwick_session_open(const char* path, ledgerwick_date today,
     return call(error, [&] {
         needHandle(session, opening);
         const ledgerwick_options known = optionsIn(options);
-        giveHandle(session,
-                   std::make_unique<Session>(textIn(path, opening), dateNeeded(today, opening),
-                                             openOptions(known), settings(known)));
+        giveHandle(session, std::make_unique<Session>(
+                                textIn(path, opening), dateNeeded(today, opening),
+                                openOptions(known), settings(known), dateIn(known.as_of, opening)));
     });
 }
 

@@ -11,13 +11,18 @@
 
 namespace ledgerwick::c {
 
+// The tax years that a call takes, by the calendar year in which they begin.
+inline constexpr std::int32_t firstTaxYear = 2001;
+inline constexpr std::int32_t lastTaxYear = 9990;
+
 class Session : public Held {
   public:
     Session(const std::string& path, Date today, const sqlite::OpenOptions& options,
-            HostSettings settings);
+            HostSettings settings, Date asOf);
 
     HostSession& host() noexcept { return *host_; }
     sqlite::SqliteDatabase& database() noexcept { return *database_; }
+    std::shared_ptr<Database> sharedDatabase() const { return database_; }
     CPayrollFunctions& payroll() noexcept { return host_->payroll(); }
     CEmployeeList& list() noexcept { return host_->list(); }
 

@@ -6,10 +6,10 @@
 
 #include "app/commands/commands.h"
 #include "app/options.h"
+#include "hostkit/explain/answers.h"
 #include "hostkit/explain/calendar_rules.h"
 #include "hostkit/explain/look_ahead.h"
 #include "hostkit/report/year_drawing.h"
-#include "ledgerwick/calendar/calculation_set.h"
 #include "ledgerwick/values/format.h"
 
 namespace ledgerwick::app {
@@ -158,106 +158,19 @@ void runCalendar(const Context& context, const CalendarOptions& options) {
 
 // ---- why a date is what it is --------------------------------------------------------------------
 
-// Tells each answer twice: to people in two lines, to programs as a row.
-class Explanation {
-  public:
-    explicit Explanation(Report& report)
-        : report_(report),
-          table_(report.dataTable("answers", {"frequency", "question", "answer", "date", "last_day",
-                                              "rule", "source", "controller"})) {}
-
-    void frequency(const explain::FrequencyRules& rules) {
-        frequency_ = frequencyName(rules.frequency);
-        const std::int16_t code = rules.code();
-        report_.say("");
-        report_.say(frequency_ + ", pay period code " + std::to_string(code));
-    }
-
-    struct Answer {
-        std::string question;
-        Variant number{};
-        Date date{};
-        Date lastDay{};
-        std::string controller{};
-    };
-    void tell(const Answer& answer, const explain::Rule& rule) {
-        std::string line = answer.question + ": " + readable(answer.number);
-        const std::string separator = answer.number.isEmpty() ? "" : ", ";
-        if (answer.date.isSet()) line += separator + formatDate(answer.date, "dddd d mmmm yyyy");
-        if (answer.lastDay.isSet()) {
-            line += " to " + formatDate(answer.lastDay, "dddd d mmmm yyyy");
-        }
-        report_.say("  " + line);
-        report_.say("      " + std::string(rule.words) + " [" + std::string(rule.source) +
-                    (answer.controller.empty() ? "" : "; " + answer.controller) + "]");
-        table_.add({frequency_, answer.question, answer.number, answer.date, answer.lastDay,
-                    std::string(rule.words), std::string(rule.source), answer.controller});
-    }
-
-  private:
-    Report& report_;
-    Table& table_;
-    std::string frequency_;
-};
-
-void explainPeriods(Explanation& told, const explain::FrequencyRules& rules, Date date,
-                    const explain::Controllers& controllers) {
-    if (rules.periodName.empty()) return;
-    const auto period = calendar::taxPeriod(date, rules.code(), "explain");
-    told.tell({"tax period", explain::periodText(rules, date), period.first, period.last},
-              rules.period);
-    const auto reference = calendar::payReferencePeriod(date, rules.code(), controllers.startDay);
-    told.tell({"pay reference period",
-               {},
-               reference.first,
-               reference.last,
-               explain::startDayWords(rules.frequency, controllers)},
-              rules.reference);
-}
-
-// Only monthly pay tells a pay date from an end of period, and looks at a change of frequency.
-void explainExpected(Explanation& told, const explain::FrequencyRules& rules, Date date,
-                     const explain::Controllers& controllers) {
-    const bool isMonthly = rules.frequency == PFREQ_Monthly;
-    struct Kind {
-        PR_NExpMode mode;
-        std::string name;
-    };
-    std::vector<Kind> kinds{{PR_NExp_Pay, isMonthly ? "pay date" : "expected date"}};
-    if (isMonthly) kinds.push_back({PR_NExp_EPE, "end of pay period"});
-    for (const auto& [mode, name] : kinds) {
-        const std::string controller = explain::controllerWords(rules.frequency, controllers, mode);
-        for (const bool reverse : {false, true}) {
-            const Date answer =
-                explain::expectedDate(date, rules.frequency, controllers, mode, false, reverse);
-            told.tell({(reverse ? "previous " : "next ") + name, {}, answer, {}, controller},
-                      rules.step);
-        }
-    }
-    if (!isMonthly) return;
-    const Date changed =
-        explain::expectedDate(date, rules.frequency, controllers, PR_NExp_Pay, true);
-    told.tell({"first pay date after a change to monthly",
-               {},
-               changed,
-               {},
-               explain::controllerWords(rules.frequency, controllers)},
-              explain::changeToMonthlyRule);
-}
-
-void explainDay(Explanation& told, Date date) {
-    const int year = calendar::taxYearOf(date);
-    const auto days = explain::taxYearDays(year);
-    const std::int16_t payrollYear = calendar::payrollYearOf(date);
-    told.tell({"tax year", explain::taxYearText(year), days.first, days.last},
-              explain::taxYearRule);
-    told.tell({"payroll year", payrollYear}, explain::payrollYearRule);
-    told.tell({"tax week", calendar::taxWeek(date)}, explain::taxWeekRule);
-    told.tell({"tax month", calendar::taxMonth(date)}, explain::taxMonthRule);
-    constexpr std::int16_t firstWithCalculations = 2;
-    if (payrollYear < firstWithCalculations) return;
-    told.tell({"set of calculations", calendar::calculationSet(payrollYear, date)},
-              explain::calculationSetRule);
+// Tells an answer twice: to people in two lines, to programs as a row.
+void tell(const explain::Answer& answer, Report& report, Table& table) {
+    std::string line = answer.question + ": " + readable(answer.number);
+    const std::string separator = answer.number.isEmpty() ? "" : ", ";
+    if (answer.date.isSet()) line += separator + formatDate(answer.date, "dddd d mmmm yyyy");
+    if (answer.lastDay.isSet()) line += " to " + formatDate(answer.lastDay, "dddd d mmmm yyyy");
+    report.say("  " + line);
+    report.say("      " + std::string(answer.rule->words) + " [" +
+               std::string(answer.rule->source) +
+               (answer.controller.empty() ? "" : "; " + answer.controller) + "]");
+    table.add({answer.frequency ? frequencyName(*answer.frequency) : "", answer.question,
+               answer.number, answer.date, answer.lastDay, std::string(answer.rule->words),
+               std::string(answer.rule->source), answer.controller});
 }
 
 void runExplain(const Context& context, const CalendarOptions& options) {
@@ -268,13 +181,18 @@ void runExplain(const Context& context, const CalendarOptions& options) {
     Report report;
     report.say(formatDate(options.date, "dddd d mmmm yyyy"));
     report.fact("date", options.date);
-    Explanation told(report);
-    explainDay(told, options.date);
-    for (const explain::FrequencyRules& rules : explain::frequencyRules()) {
-        if (!isWanted(options, rules.frequency)) continue;
-        told.frequency(rules);
-        explainPeriods(told, rules, options.date, controllers);
-        explainExpected(told, rules, options.date, controllers);
+    Table& table = report.dataTable("answers", {"frequency", "question", "answer", "date",
+                                                "last_day", "rule", "source", "controller"});
+    std::optional<PR_Pay_Freq> last;
+    for (const auto& answer :
+         explain::explainDate(options.date, options.frequencies, controllers)) {
+        if (answer.frequency != last) {
+            last = answer.frequency;
+            report.say("");
+            report.say(frequencyName(*last) + ", pay period code " +
+                       std::to_string(explain::rulesOf(*last).code()));
+        }
+        tell(answer, report, table);
     }
     context.show(report);
 }

@@ -122,7 +122,7 @@ static void auto_enrolment(ledgerwick_session* session) {
 
 int main(int argc, char** argv) {
     ledgerwick_session* session;
-    ledgerwick_options options = {sizeof options, LEDGERWICK_BATCHED, 0, 0, NULL, NULL, NULL};
+    ledgerwick_options options = {sizeof options, LEDGERWICK_BATCHED, 0, 0, NULL, NULL, NULL, 0};
     if (argc != 2) {
         fprintf(stderr, "usage: pay_run FILE\n");
         return 2;

@@ -83,9 +83,9 @@ TEST_F(CInterface, TellsWrongArguments) {
     ledgerwick_table* out = nullptr;
     ledgerwick_row* row = nullptr;
     std::int64_t number = 0;
-    ledgerwick_options unknown{1000, 0, 0, 0, nullptr, nullptr, nullptr};
-    ledgerwick_options reckless{sizeof unknown, 7, 0, 0, nullptr, nullptr, nullptr};
-    ledgerwick_options hostile{sizeof unknown, 0, 0, 0, nullptr, "1; DROP TABLE PRPay", nullptr};
+    ledgerwick_options unknown{1000, 0, 0, 0, nullptr, nullptr, nullptr, 0};
+    ledgerwick_options reckless{sizeof unknown, 7, 0, 0, nullptr, nullptr, nullptr, 0};
+    ledgerwick_options hostile{sizeof unknown, 0, 0, 0, nullptr, "1; DROP TABLE PRPay", nullptr, 0};
     const char* const path = path_.c_str();
     ledgerwick_error* const e = &error_;
     struct Case {

@@ -315,6 +315,39 @@ class Tables(unittest.TestCase):
         self.assertEqual((kinds["PRPPeriodPay"], kinds["PRPStatus"]), ("money", "number"))
 
 
+class Questions(unittest.TestCase):
+    """On the company that the tree brings along."""
+
+    def test_a_company_comes_in_is_looked_over_and_goes_out_again(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = Path(folder) / "company.db"
+            ledgerwick.create_company(path, 2025)
+            day = date(2026, 2, 13)
+            with Session(path, day, durability=Durability.RELAXED) as company:
+                company.import_folder(SOURCE / "examples/company")
+                company.load()
+                self.assertEqual(set(company.audit().column("severity")), {"figures", "note"})
+                self.assertEqual(len(company.employees()), 60)  # an audit leaves them loaded
+                week = [row for row in company.explain(day) if row.question == "tax week"]
+                self.assertEqual((week[0].answer, week[0].frequency), ("45", None))
+                self.assertIn((date(2026, 4, 10), Frequency.WEEKLY, 2026, 1, False),
+                              company.pay_dates(2026))
+                last = [row for row in company.figures(101) if row.figure == "last_pay"][-1]
+                self.assertEqual(last.value, company.employee(101).last_pay)
+                self.assertTrue(company.open_run(day).unchecked)
+                company.export_folder(Path(folder) / "out")
+                with self.assertRaises(LedgerwickError) as raised:
+                    company.import_folder(Path(folder) / "out")
+                self.assertIn("Customers.csv, line 2, field NAID", str(raised.exception))
+                template = Path(folder) / "Enrolment.txt"
+                template.write_text("Dear %forename%")
+                self.assertEqual([row[:2] for row in company.ae_check_template(template)], [(1, 6)])
+            with Session(path, day, as_of=date(2025, 9, 30)) as company:
+                company.load()
+                self.assertEqual(company.employee(101).last_pay, date(2025, 9, 26))
+                self.assertRaises(LedgerwickError, company.insert, "UoM", UoMCode="ea")
+
+
 def rows_as_arrow(rows):
     """Rows as `arrow` reads them back: whole numbers of money, texts of what is mixed."""
     def plain(value):

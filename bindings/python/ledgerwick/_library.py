@@ -44,6 +44,7 @@ class Options(ctypes.Structure):
         ("program_path", ctypes.c_char_p),
         ("workstation", ctypes.c_char_p),
         ("program_name", ctypes.c_char_p),
+        ("as_of", ctypes.c_int32),
     ]
 
 
@@ -132,6 +133,8 @@ CALLS = {
     "payroll_year": "hI",
     "get_parameter": "hsS",
     "set_parameter": "hss",
+    "import": "hsH",
+    "export": "hsH",
     "table_close": "h",
     "table_size": "hQI",
     "table_name": "hiS",
@@ -182,6 +185,10 @@ CALLS = {
     "week_of_date": "hiI",
     "date_of_week": "hiI",
     "calculation_set": "hiI",
+    "audit": "hH",
+    "explain": "hiiH",
+    "pay_dates": "hiiH",
+    "figures": "hiH",
     "next_pay_date": "hibiII",
     "last_pay_date": "hiII",
     "next_period_end": "hiII",
@@ -206,6 +213,7 @@ CALLS = {
     "ae_re_enrolment_changed": "hii",
     "ae_recipients": "hiH",
     "ae_letter": "hiiS",
+    "ae_check_template": "hsH",
 }
 
 

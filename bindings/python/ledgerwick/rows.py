@@ -3,8 +3,9 @@
 from __future__ import annotations
 
 from datetime import date
+from datetime import date as Date
 from decimal import Decimal
-from typing import Optional
+from typing import Any, Optional
 
 from .tables import Row
 from .values import Frequency
@@ -173,3 +174,73 @@ class FieldRow(Row):
     __slots__ = ()
     name: str
     kind: str
+
+
+class CountRow(Row):
+    """How many rows of a table came in or went out."""
+
+    __slots__ = ()
+    table: str
+    rows: int
+
+
+class FindingRow(Row):
+    """A fault of a company's data."""
+
+    __slots__ = ()
+    severity: str
+    kind: str
+    table: str
+    key: str
+    naid: Optional[int]
+    name: str
+    what: str
+    error: Optional[int]
+    what_to_do: str
+
+
+class AnswerRow(Row):
+    """An answer about a date, and why."""
+
+    __slots__ = ()
+    frequency: Optional[Frequency]
+    question: str
+    answer: Optional[str]
+    date: Optional[Date]
+    last_day: Optional[Date]
+    rule: str
+    source: str
+    controller: str
+
+
+class PayDateRow(Row):
+    """A pay date to come."""
+
+    __slots__ = ()
+    pay_date: date
+    frequency: Frequency
+    tax_year: int
+    period: int
+    left_over: bool
+
+
+class FigureRow(Row):
+    """A figure of an employment, and the pay row that gave it."""
+
+    __slots__ = ()
+    prtid: int
+    payroll_year: int
+    figure: str
+    value: Any
+    prpid: Optional[int]
+    pay_date: Optional[date]
+    week: Optional[int]
+
+
+class FaultRow(Row):
+    """A fault of a letter's template."""
+
+    __slots__ = ()
+    line: int
+    column: int
+    fault: str

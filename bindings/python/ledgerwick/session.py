@@ -18,6 +18,12 @@ from .rows import (
     FieldRow,
     MissingRow,
     OpenRow,
+    AnswerRow,
+    CountRow,
+    FaultRow,
+    FigureRow,
+    FindingRow,
+    PayDateRow,
     RecipientRow,
     RunRow,
 )
@@ -71,6 +77,14 @@ class Due(NamedTuple):
     periods: int
 
 
+class Run(Table[RunRow]):
+    """The periods of a run that was opened."""
+
+    def __init__(self, table: Table[RunRow], unchecked: bool) -> None:
+        self.__dict__.update(table.__dict__)
+        self.unchecked = unchecked  # whether some piecework has not been checked yet
+
+
 def version() -> str:
     """The version of the library: "1.0.0"."""
     return str(LIBRARY.ledgerwick_version().decode())
@@ -97,6 +111,7 @@ class Session:
 
     `today` is the day on which the payroll believes itself; else it is the day of the clock.
     `program_path` is the folder that holds "AE Letter Templates"; else it is the current folder.
+    `as_of` shows the company as it stood at the end of that day; nothing can be written then.
     `busy_timeout` is how many milliseconds a write waits for another process; 0 is the default.
     """
 
@@ -111,6 +126,7 @@ class Session:
         program_path: Optional[Path] = None,
         workstation: Optional[str] = None,
         program_name: Optional[str] = None,
+        as_of: Optional[date] = None,
     ) -> None:
         self._handle: Optional[int] = None
         options = Options(
@@ -121,6 +137,7 @@ class Session:
             None if program_path is None else text(fsdecode(program_path)),
             None if workstation is None else text(workstation),
             None if program_name is None else text(program_name),
+            date_out(as_of),
         )
         day = date_out(today or date.today())
         self._path = fsdecode(path)
@@ -183,6 +200,40 @@ class Session:
         if value is None:
             raise TypeError("a setting needs a value")
         self._call("set_parameter", text(name), text(str(value)))
+
+    def import_folder(self, folder: Path) -> Table[CountRow]:
+        """Reads the files TABLE.csv of a folder into the company; all are judged first.
+
+        A row whose key is there already is a fault, but for the settings, which it replaces. `load`
+        shows what came in, and `audit` looks it over.
+        """
+        return self._table(CountRow, "import", text(fsdecode(folder)))
+
+    def export_folder(self, folder: Path) -> Table[CountRow]:
+        """Writes every table as a file TABLE.csv into a folder."""
+        return self._table(CountRow, "export", text(fsdecode(folder)))
+
+    # ---- questions ------------------------------------------------------------------------------
+
+    def audit(self) -> Table[FindingRow]:
+        """Every fault of the company's data, the severest first. Nothing is written.
+
+        `severity` is "stops", "figures" or "note": what stops a load or a run, what makes a figure
+        wrong, and what may be meant so.
+        """
+        return self._table(FindingRow, "audit")
+
+    def explain(self, day: date, frequency: int = Frequency.ALL) -> Table[AnswerRow]:
+        """Why a date is what it is: week, month, periods, the dates that come next, and the rules."""
+        return self._table(AnswerRow, "explain", date_out(day), frequency)
+
+    def pay_dates(self, tax_year: int, years: int = 1) -> Table[PayDateRow]:
+        """The pay dates in the tax years from 6 April `tax_year` on."""
+        return self._table(PayDateRow, "pay_dates", tax_year, years)
+
+    def figures(self, naid: int) -> Table[FigureRow]:
+        """The figures of an employee's employments, each with the pay row that gave it."""
+        return self._table(FigureRow, "figures", naid)
 
     # ---- rows of the database -------------------------------------------------------------------
 
@@ -371,14 +422,17 @@ class Session:
 
     def open_run(
         self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
-    ) -> Table[RunRow]:
+    ) -> Run:
         """Makes sure that every period due has an open pay row, and tells one row for each.
 
         Columns: naid, name, prpid, first_day, last_day, imported, week, period. `imported` is None
-        without imported pay; `period` is a pay period code, or minus the tax month.
+        without imported pay; `period` is a pay period code, or minus the tax month. `unchecked` of
+        the table says whether some piecework has not been checked yet.
         """
-        table, _ = self._call("run_open", date_out(pay_date), frequency, group, naid)
-        return take(table, RunRow)
+        arguments = (date_out(pay_date), frequency, group, naid)
+        handle, unchecked = self._call("run_open", *arguments)
+        table = take(handle, RunRow)
+        return Run(table, bool(unchecked))
 
     def run_rows(
         self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
@@ -471,6 +525,10 @@ class Session:
     def ae_recipients(self, letter: int) -> Table[RecipientRow]:
         """The workers to whom a letter of the kind goes: naid, name."""
         return self._table(RecipientRow, "ae_recipients", letter)
+
+    def ae_check_template(self, path: Path) -> Table[FaultRow]:
+        """What is wrong with the template of a letter, whose kind its file name says."""
+        return self._table(FaultRow, "ae_check_template", text(fsdecode(path)))
 
     def ae_letter(self, naid: int, letter: int) -> str:
         """The letter to one worker, whole."""

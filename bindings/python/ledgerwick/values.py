@@ -17,7 +17,14 @@ EMPTY, NO_VALUE, BOOLEAN, INTEGER, DOUBLE, MONEY, DATE, TEXT, MIXED = range(9)
 _EXACT = Context(prec=40)
 
 
-class Frequency(IntEnum):
+class _Named(IntEnum):
+    """Shown by its name: weekly."""
+
+    def __str__(self) -> str:
+        return self.name.lower()
+
+
+class Frequency(_Named):
     """How often an employee is paid; ALL is everybody, where there is a choice."""
 
     ALL = -1
@@ -31,7 +38,7 @@ class Frequency(IntEnum):
     YEARLY = 52
 
 
-class Durability(IntEnum):
+class Durability(_Named):
     """What a power cut can take: nothing, the call that was running, the last calls."""
 
     EACH_UPDATE = 0
@@ -39,7 +46,7 @@ class Durability(IntEnum):
     RELAXED = 2
 
 
-class Letter(IntEnum):
+class Letter(_Named):
     """The letters of auto-enrolment."""
 
     ENROLMENT = 1
