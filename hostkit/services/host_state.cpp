@@ -37,6 +37,11 @@ KitHostState::KitHostState(std::shared_ptr<Database> database,
     ReloadYearEnds();
 }
 
+Recordset& KitHostState::g_rsPRControl() {
+    if (control_->RecordCount() != 0) control_->MoveFirst();
+    return *control_;
+}
+
 std::int16_t KitHostState::g_iAEPRPStartDay() {
     return parameters_->Get("AEPRPStartDay", Variant(std::int16_t{0})).toInt16("AEPRPStartDay");
 }

@@ -39,7 +39,8 @@ class LEDGERWICK_HOSTKIT_API KitHostState : public HostState {
                  HostSettings settings = {});
 
     Database& DBDll() override { return *database_; }
-    Recordset& g_rsPRControl() override { return *control_; }
+    // The row as it is now, whoever wrote it.
+    Recordset& g_rsPRControl() override;
     const Dictionary<std::int32_t, Date>& g_dicPRYears() override { return yearEnds_; }
     Date g_dtmToday() override { return today_; }
     void g_dtmToday(Date today) { today_ = today; }  // moves on to another day

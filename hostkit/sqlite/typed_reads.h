@@ -27,7 +27,11 @@ class TypedReads : public SqliteRecordset {
     std::int16_t GetInt16(const FieldName& name) final { return toInt16(rows().cell(name), name); }
     std::int32_t GetInt32(const FieldName& name) final { return toInt32(rows().cell(name), name); }
     float GetSingle(const FieldName& name) final { return toSingle(rows().cell(name), name); }
-    double GetDouble(const FieldName& name) final { return toDouble(rows().cell(name), name); }
+    double GetDouble(const FieldName& name) final {
+        const Cell cell = rows().cell(name);
+        if (rows().kindOf(name) == VariantKind::Single) return Value(name).toDouble(name.text());
+        return toDouble(cell, name);
+    }
     Currency GetCurrency(const FieldName& name) final {
         return toCurrency(rows().cell(name), name);
     }

@@ -65,11 +65,12 @@ ResultTable CPayrollFunctions::C_ActiveEmployees(bool bIncPOFields) {
     if (bIncPOFields) append(table, longColumns);
     table.Open();
 
-    for (const auto& employee : employeeList().Employees()) {
-        if (!employee->Active() || employee->Casual()) continue;
+    for (const auto& held : employeeList().Employees()) {
+        cEmployee& employee = used(held, "C_ActiveEmployees");
+        if (!employee.Active() || employee.Casual()) continue;
         table.AddNew();
-        fill(table, shortColumns, *employee);
-        if (bIncPOFields) fill(table, longColumns, *employee);
+        fill(table, shortColumns, employee);
+        if (bIncPOFields) fill(table, longColumns, employee);
         table.Update();
     }
     table.Sort("NABusNameSort");

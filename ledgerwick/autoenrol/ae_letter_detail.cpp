@@ -136,7 +136,8 @@ void CAELetterDetail::AEPostponementEndDate(Date value) {
 }
 
 std::string CAELetterDetail::SignatureFile() const {
-    return signatureFile_ ? *signatureFile_ : defaultSignatureFile();
+    if (!signatureFile_) signatureFile_ = defaultSignatureFile();
+    return *signatureFile_;
 }
 
 // ---- placeholders -------------------------------------------------------------------------------

@@ -85,7 +85,8 @@ class LEDGERWICK_API CAELetterDetail : public Object {
     Property<std::int16_t> PayrollYear;
 
     // The path of the signature's image, which is only held for the host.
-    // Shape:  until a host sets it, `Graphics`, `Signature.gif` in the program folder.
+    // Shape:  until a host sets it, `Graphics`, `Signature.gif` in the program folder, as that is
+    //         when the object is made or, without a host then, at the first read.
     // Errors: 91 on reading while it was never set and there was no host since construction.
     void SignatureFile(std::string value) { signatureFile_ = std::move(value); }
     std::string SignatureFile() const;
@@ -130,7 +131,7 @@ class LEDGERWICK_API CAELetterDetail : public Object {
     float aeMinContribPct_ = 0, aeMinEmployerContribPct_ = 0, aeMinEmployeeContribPct_ = 0;
     std::int16_t aeTriggerAge_ = 0;
     Date payDateFull_, letterDate_, aePostponementEndDate_;
-    std::optional<std::string> signatureFile_;
+    mutable std::optional<std::string> signatureFile_;   // fixed when it is first read
     Dictionary<std::string, std::string> placeholders_;  // in the order of the first lets
     std::vector<std::string> addressLines_;
     IdentifyHolder identify_;

@@ -19,99 +19,67 @@ using Employments = Collection<std::shared_ptr<cEmployment>>;
 
 // ---- pay rows as payments -----------------------------------------------------------------------
 
-struct PaymentField {
-    FieldName name;
-    void (*read)(CPayment&, Recordset&, const FieldName&);
+// What a status reads of a pay row, the keys of the row and of its employment first.
+constexpr std::array statusFields{
+    field::PRPID,
+    field::PRTID,
+    field::PRPPeriodUpdated,
+    field::PRPRTIPayDate,
+    field::PRPPayDate,
+    field::PRPPeriodPay,
+    field::PRPWorksNo,
+    field::PRPStdHourlyRate,
+    field::PRPPaymentPeriod,
+    field::PRPPenWorkplaceSchemeID,
 };
-
-template <auto property, auto get>
-void copy(CPayment& payment, Recordset& row, const FieldName& name) {
-    using Value = std::decay_t<decltype((payment.*property)())>;
-    (payment.*property)(Value((row.*get)(name)));
-}
 
 // A row whose mark is Null is open, as for the running state of an employment.
-void readPeriodUpdated(CPayment& payment, Recordset& row, const FieldName& name) {
-    payment.PeriodUpdated(!row.IsNull(name) && row.GetBoolean(name));
+bool isClosed(Recordset& row) {
+    return !row.IsNull(field::PRPPeriodUpdated) && row.GetBoolean(field::PRPPeriodUpdated);
 }
 
-void readPayFrequency(CPayment& payment, Recordset& row, const FieldName& name) {
-    payment.PayFrequency(payFrequencyOf(row.GetInt16(name)));
-}
-
-// clang-format off
-constexpr std::array paymentFields{
-    PaymentField{field::PRPDirector,             copy<&CPayment::Director, &Recordset::GetBoolean>},
-    PaymentField{field::PRPWeek1,                copy<&CPayment::WeekOne, &Recordset::GetBoolean>},
-    PaymentField{field::PRPPeriodUpdated,        readPeriodUpdated},
-    PaymentField{field::PRPPeriodPay,            copy<&CPayment::PeriodPay, &Recordset::GetCurrency>},
-    PaymentField{field::PRPStdHourlyRate,        copy<&CPayment::StdHourlyRate, &Recordset::GetCurrency>},
-    PaymentField{field::PRPPayDate,              copy<&CPayment::PayDate, &Recordset::GetDate>},
-    PaymentField{field::PRPEPEDate,              copy<&CPayment::EPEDate, &Recordset::GetDate>},
-    PaymentField{field::PRPNExpEPEDate,          copy<&CPayment::NExpEPEDate, &Recordset::GetDate>},
-    PaymentField{field::PRPNExpPayDate,          copy<&CPayment::NExpPayDate, &Recordset::GetDate>},
-    PaymentField{field::PRPRTIPayDate,           copy<&CPayment::RTIPayDate, &Recordset::GetDate>},
-    PaymentField{field::PRPWeekNo,               copy<&CPayment::WeekNo, &Recordset::GetInt32>},
-    PaymentField{field::PRPPayrollYear,          copy<&CPayment::Year, &Recordset::GetInt32>},
-    PaymentField{field::PRPNITable,              copy<&CPayment::NITable, &Recordset::GetText>},
-    PaymentField{field::PRPTaxCode,              copy<&CPayment::TaxCode, &Recordset::GetText>},
-    PaymentField{field::PRPWorksNo,              copy<&CPayment::StaffNo, &Recordset::GetText>},
-    PaymentField{field::PRPPaymentPeriod,        readPayFrequency},
-    PaymentField{field::PRPPenWorkplaceSchemeID, copy<&CPayment::PenWorkplaceSchemeID, &Recordset::GetInt32>},
-};
-// clang-format on
-
-// Those, and the keys of the row and of its employment.
-constexpr auto rowFields = []<std::size_t... i>(std::index_sequence<i...>) {
-    return std::array{field::PRPID, field::PRTID, paymentFields[i].name...};
-}
-(std::make_index_sequence<paymentFields.size()>());
-
-std::shared_ptr<CPayment> readPayment(Recordset& row) {
+std::shared_ptr<CPayment> readPayment(Recordset& row, bool closed) {
     auto payment = std::make_shared<CPayment>();
-    for (const PaymentField& field : paymentFields) field.read(*payment, row, field.name);
+    payment->PeriodUpdated(closed);
+    payment->RTIPayDate(row.GetDate(field::PRPRTIPayDate));
+    if (payment->RTIPayDate() == noDate1961) payment->PayDate(row.GetDate(field::PRPPayDate));
+    payment->PeriodPay(row.GetCurrency(field::PRPPeriodPay));
+    payment->StaffNo(std::string(row.GetText(field::PRPWorksNo)));
+    payment->StdHourlyRate(row.GetCurrency(field::PRPStdHourlyRate));
+    payment->PayFrequency(payFrequencyOf(row.GetInt16(field::PRPPaymentPeriod)));
+    payment->PenWorkplaceSchemeID(row.GetInt32(field::PRPPenWorkplaceSchemeID));
     return payment;
 }
 
 // ---- the year store -----------------------------------------------------------------------------
 
-bool holdsYear(cEmployment& employment, std::int32_t payrollYear) {
-    std::shared_ptr<PaymentsOfYear> payments;
-    return employment.GetPayrollYearPayments(payrollYear, payments);
-}
-
 // Whether every employment of the year, and at least one employment, holds the year's payments.
-bool yearIsInMemory(const Employments& employments, std::int32_t payrollYear) {
+bool yearIsInMemory(const Employments& employments, std::int32_t payrollYear, bool closed) {
     bool found = false;
-    for (const auto& employment : employments) {
-        if (holdsYear(*employment, payrollYear)) {
+    for (const auto& held : employments) {
+        const cEmployment& employment = used(held, "GetAutoEnrolStatus");
+        if (employment.holdsPayments(payrollYear, closed)) {
             found = true;
-        } else if (employment->PayrollYear() == payrollYear) {
+        } else if (employment.PayrollYear() == payrollYear) {
             return false;
         }
     }
     return found;
 }
 
-// Takes in an employment that the store has got since the load. The flags are left as they are, so
-// that the most recent and the current employment stay what they were.
-void addEmployment(cEmployee& employee, std::int32_t naid, std::int32_t prtid) {
+// Takes in an employment that the store has got since the load, with the pay of the year.
+void bringIn(cEmployee& employee, std::int32_t naid, std::int32_t prtid, std::int32_t payrollYear) {
     const RecordsetRef rows = OpenEmployeesRS(naid, cEmployment::employmentFields());
-    for (; !rows->Eof(); rows->MoveNext()) {
-        if (rows->GetInt32(field::PRTID) == prtid) {
-            employee.AddEmployment(*rows);
-            break;
-        }
-    }
+    while (!rows->Eof() && rows->GetInt32(field::PRTID) != prtid) rows->MoveNext();
+    if (rows->Eof()) return;
+    employee.AddEmployment(*rows);
     rows->Close();
-}
 
-std::shared_ptr<cEmployment> loadedEmployment(cEmployee& employee, std::int32_t naid,
-                                              std::int32_t prtid) {
-    const std::string key = std::to_string(prtid);
-    if (auto employment = employee.GetEmploymentByIndex(key)) return employment;
-    addEmployment(employee, naid, prtid);
-    return employee.Employments().Item(key);
+    const RecordsetRef pay = OpenPaymentsRS(naid, 0, payrollYear, cEmployment::paymentFields());
+    for (; !pay->Eof(); pay->MoveNext()) {
+        if (pay->GetInt32(field::PRTID) == prtid) employee.AddPayment(*pay);
+    }
+    pay->Close();
 }
 
 // The payments of one employment, and whether it is to get them.
@@ -120,11 +88,6 @@ struct Intake {
     bool wanted;
     std::vector<std::pair<std::int32_t, std::shared_ptr<CPayment>>> payments;
 };
-
-Intake openIntake(std::shared_ptr<cEmployment> employment, std::int32_t payrollYear) {
-    const bool wanted = !holdsYear(*employment, payrollYear);
-    return {std::move(employment), wanted, {}};
-}
 
 // ---- the walk -----------------------------------------------------------------------------------
 
@@ -176,46 +139,64 @@ bool countPayments(CAutoEnrolStatus& status, const PaymentsOfYear& payments, Dat
 std::shared_ptr<CAutoEnrolStatus> cEmployee::GetAutoEnrolStatus(Date dtmPayDateUpTo,
                                                                 std::int32_t lPayrollYear,
                                                                 bool bPeriodUpdated) {
-    LoadPayrollYearIfMissing(NAID(), lPayrollYear);
-    LoadPayrollYearIfMissing(NAID(), subtractInt32(lPayrollYear, 1));
+    LoadPayrollYearIfMissing(NAID(), lPayrollYear, bPeriodUpdated);
+    LoadPayrollYearIfMissing(NAID(), subtractInt32(lPayrollYear, 1), bPeriodUpdated);
 
     auto status = std::make_shared<CAutoEnrolStatus>();
-    for (const auto& employment : employments_) {
-        if (employment->PRTStartDate() > dtmPayDateUpTo) break;
+    for (const auto& held : employments_) {
+        cEmployment& employment = used(held, "GetAutoEnrolStatus");
+        if (employment.PRTStartDate() > dtmPayDateUpTo) break;
         std::shared_ptr<PaymentsOfYear> payments;
-        if (!employment->GetPayrollYearPayments(lPayrollYear, payments)) continue;
+        if (!employment.GetPayrollYearPayments(lPayrollYear, payments)) continue;
         if (countPayments(*status, *payments, dtmPayDateUpTo, bPeriodUpdated)) break;
     }
     return status;
 }
 
-// Reads the year's pay rows into the year stores of those employments that do not hold the year
-// yet. No row is folded into an employment: that happened at the load, and a report must not move
-// payroll state. A failure while reading leaves every store as it was.
-void cEmployee::LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayrollYear) {
+// Reads the year's pay rows with that closing mark into the year stores of those employments that
+// do not hold them yet. No row is folded a second time into an employment that a load has filled: a
+// report must not move payroll state. One that the load has not seen gets its pay and its flags
+// here. A failure while reading leaves every store as it was.
+void cEmployee::LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayrollYear,
+                                         bool bPeriodUpdated) {
     // The query would take these for all employees and for all years.
     if (lNAID < 1 || lPayrollYear < 0) return;
-    if (yearIsInMemory(employments_, lPayrollYear)) return;
+    if (yearIsInMemory(employments_, lPayrollYear, bPeriodUpdated)) return;
 
     std::map<std::int32_t, Intake> intakes;  // by PRTID
-    const RecordsetRef rows = OpenPaymentsRS(lNAID, 0, lPayrollYear, rowFields);
+    bool hasNew = false;
+    const RecordsetRef rows = OpenPaymentsRS(lNAID, 0, lPayrollYear, statusFields);
     for (; !rows->Eof(); rows->MoveNext()) {
         const std::int32_t prtid = rows->GetInt32(field::PRTID);
         auto found = intakes.find(prtid);
         if (found == intakes.end()) {
-            const auto employment = loadedEmployment(*this, lNAID, prtid);
-            found = intakes.emplace(prtid, openIntake(employment, lPayrollYear)).first;
+            const std::string key = std::to_string(prtid);
+            if (!ItemExists(key)) {
+                hasNew = true;
+                try {
+                    bringIn(*this, lNAID, prtid, lPayrollYear);
+                } catch (...) {  // half of an employment is none
+                    if (ItemExists(key)) employments_.Remove(key);
+                    throw;
+                }
+            }
+            const auto employment = employments_.Item(key);
+            const bool wanted =
+                !used(employment, "GetAutoEnrolStatus").holdsPayments(lPayrollYear, bPeriodUpdated);
+            found = intakes.emplace(prtid, Intake{employment, wanted, {}}).first;
         }
-        if (!found->second.wanted) continue;
-        found->second.payments.emplace_back(rows->GetInt32(field::PRPID), readPayment(*rows));
+        if (!found->second.wanted || isClosed(*rows) != bPeriodUpdated) continue;
+        found->second.payments.emplace_back(rows->GetInt32(field::PRPID),
+                                            readPayment(*rows, bPeriodUpdated));
     }
     rows->Close();
 
     for (const auto& [prtid, intake] : intakes) {
         if (!intake.wanted) continue;
-        const auto store = intake.employment->payrollYearStore(lPayrollYear);
+        const auto store = intake.employment->payrollYearStore(lPayrollYear, bPeriodUpdated);
         for (const auto& [id, payment] : intake.payments) store->Item(id, payment);
     }
+    if (hasNew) UpdateFlags();
 }
 
 }  // namespace ledgerwick

@@ -101,7 +101,7 @@ ResultTable CPayrollFunctions::GetAEStatus(Date dtDateUpTo, std::int32_t lPayrol
 
     CEmployeeList& list = employeeList();
     if (lNAID < 1) {
-        for (const auto& employee : list.Employees()) addRow(*employee);
+        for (const auto& employee : list.Employees()) addRow(used(employee, "GetAEStatus"));
     } else if (list.ExistsByNAID(lNAID)) {
         addRow(*list.GetEmployeeByNAID(lNAID));
     }

@@ -129,9 +129,10 @@ FieldList cEmployee::workplacePensionFields() noexcept {
 
 void cEmployee::UpdateWorkplacePensionDetails(Recordset& rsEmp) {
     PenWorkplaceSchemeID(rsEmp.IsNull(field::PSID) ? 0 : rsEmp.GetInt32(field::PSID));
-    const bool withoutScheme = !rsEmp.IsNull(field::PREPenWorkplaceSchemeID) &&
-                               rsEmp.GetInt32(field::PREPenWorkplaceSchemeID) == 0;
-    if (withoutScheme) return;
+    if (rsEmp.IsNull(field::PREPenWorkplaceSchemeID) ||
+        rsEmp.GetInt32(field::PREPenWorkplaceSchemeID) == 0) {
+        return;
+    }
 
     PenWorkplaceUseSchemeRates(rsEmp.GetBoolean(field::PREPenWorkplaceUseSchemeRates));
     if (PenWorkplaceUseSchemeRates()) {

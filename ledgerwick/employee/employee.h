@@ -228,7 +228,8 @@ class LEDGERWICK_API cEmployee : public Object {
     };
 
     void SplitName();
-    void LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayrollYear);
+    void LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayrollYear,
+                                  bool bPeriodUpdated);
     bool ItemExists(const std::string& Index);
 
     std::shared_ptr<cEmployment> employmentOf(std::int32_t prtid) const noexcept;

@@ -92,6 +92,7 @@ Placement placementOf(const Variant& before, const Variant& after) {
 void CEmployeeList::Add(const std::shared_ptr<cEmployee>& newItem, const Variant& key,
                         const Variant& Before, const Variant& After) {
     if (!newItem) raise(error_number::objectNotSet, "CEmployeeList.Add");
+    hostAdded_ = true;
     const bool keyed = key.kind() == VariantKind::Text;
     if (ExistsByIndex(key)) {
         if (keyed) {
@@ -130,7 +131,7 @@ void CEmployeeList::RemoveEmployee(std::int32_t lNAID) {
     const auto* item = employees_.Find(key);
     if (item == nullptr) return;
 
-    const cEmployee& employee = **item;
+    const cEmployee& employee = used(*item, "CEmployeeList.RemoveEmployee");
     naidIndex_.erase(lNAID);
     // One whose load broke off may not know its number yet.
     if (std::erase(unfilled_, lNAID) != 0) {
@@ -152,6 +153,7 @@ void CEmployeeList::Clear() {
     naidIndex_.clear();
     ninoIndex_.clear();
     unfilled_.clear();
+    hostAdded_ = false;
 }
 
 CEmployeeList& DLLGlobal::EmployeeList() {

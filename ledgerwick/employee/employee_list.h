@@ -99,6 +99,10 @@ class LEDGERWICK_API CEmployeeList : public Object {
     bool ItemExists(const Variant& Index);
 
     void showProgress(std::string_view caption);
+    // Whether nobody but a load has put employees into the list, so that each stands under its key.
+    bool holdsOwnEmployeesOnly() const noexcept {
+        return !hostAdded_ && naidIndex_.size() == static_cast<std::size_t>(employees_.Count());
+    }
     const std::shared_ptr<cEmployee>* itemAt(const Variant& index) const noexcept;
 
     Collection<std::shared_ptr<cEmployee>> employees_;
@@ -107,6 +111,7 @@ class LEDGERWICK_API CEmployeeList : public Object {
     std::unordered_map<std::string, std::int32_t> ninoIndex_;
     std::unordered_map<IIDKey, std::int32_t> iidIndex_;  // nothing fills it
     std::vector<std::int32_t> unfilled_;  // whose rows a load has begun and not come to the end of
+    bool hostAdded_ = false;              // since the list was last empty
     std::shared_ptr<Label> label_;
     Date minStart_;  // the earliest employment start in the store, as of the last load
     IdentifyHolder identify_;

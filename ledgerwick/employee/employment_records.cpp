@@ -104,6 +104,8 @@ std::int32_t CPayrollFunctions::PR_EmploymentsAddInfo_Add(const Variant& varArrI
         throw Error(error.Number(), source + error.Source(), error.Description());
     } catch (const std::exception& error) {
         throw Error(error_number::invalidCall, source, error.what());
+    } catch (...) {
+        throw Error(error_number::invalidCall, source, "A failure that tells nothing of itself");
     }
 }
 
@@ -154,12 +156,13 @@ std::int32_t CPayrollFunctions::Max_PRPID_From_PayDate(std::int32_t lYearIn, std
 bool CPayrollFunctions::PR_OtherID_Duplicate_Check(std::int32_t lIDIn, std::int32_t lNAIDIn,
                                                    bool bActiveOnly, std::string* sDuplicatesOut) {
     std::string duplicates;
-    for (const auto& employee : employeeList().Employees()) {
-        const bool duplicate = employee->NAID() != lNAIDIn && employee->OtherID() == lIDIn &&
-                               (!bActiveOnly || employee->Active());
+    for (const auto& held : employeeList().Employees()) {
+        const cEmployee& employee = used(held, "PR_OtherID_Duplicate_Check");
+        const bool duplicate = employee.NAID() != lNAIDIn && employee.OtherID() == lIDIn &&
+                               (!bActiveOnly || employee.Active());
         if (!duplicate) continue;
         if (!duplicates.empty()) duplicates += "\r\n";
-        duplicates += employee->BusName();
+        duplicates += employee.BusName();
     }
     if (duplicates.empty()) return false;
     if (sDuplicatesOut != nullptr) *sDuplicatesOut = duplicates;

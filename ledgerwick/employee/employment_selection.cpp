@@ -5,16 +5,6 @@
 
 namespace ledgerwick {
 
-namespace {
-
-// The object behind a reference, for its use.
-cEmployment& used(const std::shared_ptr<cEmployment>& employment, std::string_view source) {
-    if (!employment) raise(error_number::objectNotSet, source);
-    return *employment;
-}
-
-}  // namespace
-
 std::shared_ptr<cEmployment> cEmployee::AddEmployment(Recordset& rsEmployment) {
     const DecimalKey key(rsEmployment.GetInt32(field::PRTID));
     auto employment = std::make_shared<cEmployment>();
@@ -71,15 +61,16 @@ void cEmployee::UpdateFlags() {
     std::int32_t lastCount = 0;
     std::int32_t previous = 0;
     std::int32_t latest = 0;
-    for (const auto& employment : employments_) {
-        if (!employment->Casual() && (employment->Active() || employment->EndDate().isSet()))
-            carryLastRTI(*employment);
-        if (employment->IsVoid()) continue;
-        const std::int32_t year = employment->PayrollYear();
-        const std::int32_t count = employment->EmployCount();
+    for (const auto& held : employments_) {
+        cEmployment& employment = used(held, "cEmployee.UpdateFlags");
+        if (!employment.Casual() && (employment.Active() || employment.EndDate().isSet()))
+            carryLastRTI(employment);
+        if (employment.IsVoid()) continue;
+        const std::int32_t year = employment.PayrollYear();
+        const std::int32_t count = employment.EmployCount();
         if (year > lastYear || (year == lastYear && count > lastCount)) {
             previous = latest;
-            latest = employment->PRTID();
+            latest = employment.PRTID();
         }
         lastYear = year;
         lastCount = count;

@@ -49,8 +49,8 @@ void loadImportTable(CEmployeeList& list) {
         if (!employee) raise(error_number::objectNotSet, "LoadImportedPay");
         const auto employment = employee->CurEmployment();
         employment->HasImportedPay(true);
-        const Variant shown(Format(rows->Value(field::PRPIPay), moneyFormat));
-        employment->ImportedPayValue(shown.toCurrency("LoadImportedPay"));
+        const std::string shown = Format(rows->Value(field::PRPIPay), moneyFormat);
+        employment->ImportedPayValue(readMoney(shown, moneyFormat, "LoadImportedPay"));
     }
     rows->Close();
 }
@@ -76,7 +76,9 @@ void loadOrders(CEmployeeList& list) {
 }  // namespace
 
 Variant CEmployeeList::LoadImportedPay() {
-    for (const auto& employee : Employees()) employee->CurEmployment()->ResetImportedPay();
+    for (const auto& employee : Employees()) {
+        used(employee, "LoadImportedPay").CurEmployment()->ResetImportedPay();
+    }
     if (DLLGlobal::DAO_ADO().TempTableExists("PRPayImport")) loadImportTable(*this);
     loadOrders(*this);
     return {};

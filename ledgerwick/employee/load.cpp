@@ -9,6 +9,7 @@
 #include "ledgerwick/employee/load_steps.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/records/schema.h"
+#include "ledgerwick/values/checked.h"
 
 namespace ledgerwick {
 
@@ -103,7 +104,7 @@ void continueEmployment(const cEmployment& prev, cEmployment& next) {
 
 void returnAfterGap(const cEmployment& prev, cEmployment& next) {
     const std::int32_t gap =
-        next.PRTStartDate().roundedDayNumber() - prev.EndDate().roundedDayNumber();
+        subtractInt32(next.PRTStartDate().roundedDayNumber(), prev.EndDate().roundedDayNumber());
     if (gap <= aeReturnDays) next.AEContinuation(true);
     if (gap <= studentLoanDays) carryStudentLoan(prev, next);
 }
@@ -233,18 +234,20 @@ void CEmployeeList::LoadPayments(std::int32_t lNAID, std::int32_t lPayrollYear) 
         if (naid != lastNAID) {
             employee = GetEmployeeByNAID(naid);
             lastNAID = naid;
-            if (!employee) raise(error_number::objectNotSet, "CEmployeeList.LoadPayments");
-            if (label_) showProgress("Loading Payments for " + employee->BusName());
+            cEmployee& next = used(employee, "CEmployeeList.LoadPayments");
+            if (label_) showProgress("Loading Payments for " + next.BusName());
         }
-        employee->AddPayment(*rs);
+        used(employee, "CEmployeeList.LoadPayments").AddPayment(*rs);
     }
 }
 
 void CEmployeeList::UpdateEmployeeFlags(std::int32_t lNAID) {
-    if (lNAID == 0) {
-        for (const auto& employee : employees_) employee->UpdateFlags();
-    } else if (const auto employee = GetEmployeeByNAID(lNAID)) {
-        employee->UpdateFlags();
+    // Found by its key, unless somebody else has changed the list.
+    const auto own = GetEmployeeByNAID(lNAID);
+    if (own && holdsOwnEmployeesOnly() && own->NAID() == lNAID) return own->UpdateFlags();
+    for (const auto& held : employees_) {
+        cEmployee& employee = used(held, "CEmployeeList.UpdateEmployeeFlags");
+        if (lNAID == 0 || employee.NAID() == lNAID) employee.UpdateFlags();
     }
 }
 

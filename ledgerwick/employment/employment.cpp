@@ -20,6 +20,13 @@ bool isCurrentPayrollYear(std::int32_t payrollYear) {
            control.GetDouble(field::PRCFCurrentYear) == payrollYear;
 }
 
+// A whole number of days as a date.
+Date wholeDate(Recordset& row, const FieldName& name) {
+    const auto days = static_cast<double>(row.GetInt32(name));
+    if (!Date::inRange(days)) raise(error_number::overflow, name.text());
+    return Date(days);
+}
+
 }  // namespace
 
 FieldList cEmployment::employmentFields() noexcept {
@@ -32,7 +39,7 @@ void cEmployment::CreateEmployment(Recordset& rsEmployment) {
     PayrollYear(rsEmployment.GetInt32(field::PRTPayrollYear));
     EmployCount(rsEmployment.GetInt32(field::PRTPYEmployCount));
     prtStartDate_ = rsEmployment.GetDate(field::PRTStartDate);
-    EndDate(Date(rsEmployment.GetInt32(field::PRTEndDateLong)));
+    EndDate(wholeDate(rsEmployment, field::PRTEndDateLong));
     AEStatusStart(std::string(rsEmployment.GetText(field::PRTAEStatus)));
     aeStatusCur_ = AEStatusStart();
     AEContinuation(rsEmployment.GetBoolean(field::PRTContinuation));

@@ -84,9 +84,13 @@ class LEDGERWICK_API cEmployment : public Object {
     // A new blank record, unless a host has stored a payment under the empty key.
     std::shared_ptr<CPayment> GetLastPayment();
 
-    // The live store of that year for the one who fills it, made when it does not yet exist. From
-    // then on `GetPayrollYearPayments` finds the year.
+    // The live store of that year for a host who fills it with all of the year's payments, made when
+    // it does not yet exist. From then on `GetPayrollYearPayments` finds the year.
     std::shared_ptr<PaymentsOfYear> payrollYearStore(std::int32_t lPayrollYear);
+    // The same for one who fills it with the closed payments, or with the open ones.
+    std::shared_ptr<PaymentsOfYear> payrollYearStore(std::int32_t lPayrollYear, bool closed);
+    // Whether the year's closed payments, or its open ones, are in memory.
+    bool holdsPayments(std::int32_t lPayrollYear, bool closed) const;
 
     // ---- state ----------------------------------------------------------------------------------
 
@@ -245,6 +249,8 @@ class LEDGERWICK_API cEmployment : public Object {
     struct PaymentStore {
         std::shared_ptr<PaymentsByKey> byKey;
         Dictionary<std::int32_t, std::shared_ptr<PaymentsOfYear>> byYear;
+        // Years with closed payments only (true), or with open ones only.
+        Dictionary<std::int32_t, bool> oneKindOnly;
     };
     using EarningsByOrder = Dictionary<std::int32_t, std::shared_ptr<CImportedEarnings>>;
     struct EarningsStore {

@@ -87,10 +87,6 @@ std::int16_t payFrequencyOf(std::int16_t period) {
 // The fields of the row at hand.
 class cEmployment::PayRow {
   public:
-    explicit PayRow(Recordset& row) {
-        row.Values(FieldList(payRowFields).subspan(skipped), values_);
-    }
-
     // The place of a field; one that is not in the list above does not compile.
     class Place {
       public:
@@ -103,6 +99,17 @@ class cEmployment::PayRow {
         friend class PayRow;
         std::size_t index_;
     };
+
+    explicit PayRow(Recordset& row) {
+        try {
+            row.Values(FieldList(payRowFields).subspan(skipped), values_);
+        } catch (const Error&) {
+            // An open row changes nothing, whatever else of it cannot be read.
+            Variant& gate = values_[Place(field::PRPPeriodUpdated).index_];
+            gate = row.Value(field::PRPPeriodUpdated);
+            if (isClosed()) throw;
+        }
+    }
 
     const Variant& operator[](Place place) const { return values_[place.index_]; }
     bool boolean(Place place) const { return (*this)[place].toBoolean(sourceOf(place)); }

@@ -52,6 +52,23 @@ bool cEmployment::GetPayrollYearPayments(std::int32_t lPayrollYear,
     return true;
 }
 
+bool cEmployment::holdsPayments(std::int32_t lPayrollYear, bool closed) const {
+    if (!payments_ || !payments_->byYear.Exists(lPayrollYear)) return false;
+    const auto& oneKind = payments_->oneKindOnly;
+    return !oneKind.Exists(lPayrollYear) || oneKind.Item(lPayrollYear) == closed;
+}
+
+std::shared_ptr<PaymentsOfYear> cEmployment::payrollYearStore(std::int32_t lPayrollYear,
+                                                              bool closed) {
+    auto& store = paymentStore();
+    if (!store.byYear.Exists(lPayrollYear)) {
+        store.oneKindOnly.Add(lPayrollYear, closed);
+    } else if (!holdsPayments(lPayrollYear, closed)) {
+        store.oneKindOnly.Remove(lPayrollYear);
+    }
+    return payrollYearStore(lPayrollYear);
+}
+
 std::shared_ptr<PaymentsOfYear> cEmployment::payrollYearStore(std::int32_t lPayrollYear) {
     auto& byYear = paymentStore().byYear;
     if (!byYear.Exists(lPayrollYear)) byYear.Add(lPayrollYear, std::make_shared<PaymentsOfYear>());

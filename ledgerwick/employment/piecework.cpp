@@ -105,7 +105,8 @@ void cEmployment::AddImportedEarnings(Recordset& rsPay) {
     line.Qty(rsPay.GetSingle(field::Qty));
     line.UoPCode(std::string(rsPay.GetText(field::UoPCode)));
     line.Desc(rsPay.GetText(field::DSDesc));
-    line.Value(rsPay.GetCurrency(field::NetPrice));
+    line.Value(readMoney(rsPay.Value(field::NetPrice), DLLGlobal::g().strCurFormat(),
+                         field::NetPrice.text()));
     line.EarningsDate(rsPay.GetDate(field::OrdActionDate));
     line.OrdStatus(status);
 }

@@ -57,8 +57,9 @@ bool comesBefore(const Selected& a, const Selected& b) {
 
 std::vector<Selected> selectedInOrder(CEmployeeList& list, const Choice& choice) {
     std::vector<Selected> selection;
-    for (const auto& employee : list.Employees()) {
-        if (choice.holds(*employee)) selection.push_back({sortSeqOf(*employee), employee->NAID()});
+    for (const auto& held : list.Employees()) {
+        const cEmployee& employee = used(held, "C_InputHoursInit");
+        if (choice.holds(employee)) selection.push_back({sortSeqOf(employee), employee.NAID()});
     }
     std::stable_sort(selection.begin(), selection.end(), comesBefore);
     return selection;

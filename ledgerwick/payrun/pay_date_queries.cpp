@@ -39,12 +39,13 @@ Date CPayrollFunctions::C_Next_Expected_Pay_Date(bool* bNone, PR_Pay_Freq iPayFr
     bool& none = bNone ? *bNone : unheard;
     none = true;
     Date working = bHighest ? Date() : Date::last();
-    for (const auto& employee : employeeList().Employees()) {
-        if (!isRegularActive(*employee) || !isOfFrequency(*employee, iPayFreq) ||
-            !isOfScheme(*employee, iWPenScheme)) {
+    for (const auto& held : employeeList().Employees()) {
+        cEmployee& employee = used(held, "C_Next_Expected_Pay_Date");
+        if (!isRegularActive(employee) || !isOfFrequency(employee, iPayFreq) ||
+            !isOfScheme(employee, iWPenScheme)) {
             continue;
         }
-        const Date expected = employee->CurEmployment()->NExpPayDate();
+        const Date expected = employee.CurEmployment()->NExpPayDate();
         if (bHighest ? expected > working : expected < working) {
             working = expected;
             none = false;
@@ -58,9 +59,10 @@ Date CPayrollFunctions::C_Next_Expected_EPE_Date(bool* bNone, PR_Pay_Freq iPayFr
     bool& none = bNone ? *bNone : unheard;
     none = true;
     Date working = Date::last();
-    for (const auto& employee : employeeList().Employees()) {
-        if (!isRegularActive(*employee) || !isOfFrequency(*employee, iPayFreq)) continue;
-        const Date expected = employee->CurEmployment()->NExpEPEDate();
+    for (const auto& held : employeeList().Employees()) {
+        cEmployee& employee = used(held, "C_Next_Expected_EPE_Date");
+        if (!isRegularActive(employee) || !isOfFrequency(employee, iPayFreq)) continue;
+        const Date expected = employee.CurEmployment()->NExpEPEDate();
         if (expected < working) {
             working = expected;
             none = false;
@@ -74,12 +76,14 @@ Date CPayrollFunctions::C_Last_Expected_Pay_Date(bool* bNone, std::int32_t iWPen
     bool& none = bNone ? *bNone : unheard;
     none = true;
     Date working;
-    for (const auto& employee : employeeList().Employees()) {
-        if (employee->MostRecentEmploymentPRTID() == 0 || employee->Casual() ||
-            !isOfScheme(*employee, iWPenScheme)) {
+    for (const auto& held : employeeList().Employees()) {
+        cEmployee& employee = used(held, "C_Last_Expected_Pay_Date");
+        if (employee.MostRecentEmploymentPRTID() == 0 || employee.Casual() ||
+            !isOfScheme(employee, iWPenScheme)) {
             continue;
         }
-        const Date expected = employee->MostRecentEmployment()->LExpPayDate();
+        const Date expected =
+            used(employee.MostRecentEmployment(), "C_Last_Expected_Pay_Date").LExpPayDate();
         if (expected > working) {
             working = expected;
             none = false;
@@ -95,13 +99,14 @@ Variant CPayrollFunctions::C_Count_for_Pay_Date(Date dDate, std::int32_t* lEmps,
     std::int32_t& records = lRecs ? *lRecs : unheard[1];
     employees = 0;
     records = 0;
-    for (const auto& employee : employeeList().Employees()) {
-        if (!isRegularActive(*employee)) continue;
-        Date due = employee->CurEmployment()->NExpPayDate();
+    for (const auto& held : employeeList().Employees()) {
+        cEmployee& employee = used(held, "C_Count_for_Pay_Date");
+        if (!isRegularActive(employee)) continue;
+        Date due = employee.CurEmployment()->NExpPayDate();
         if (due <= dDate) employees = addInt32(employees, 1);
         while (due <= dDate) {
             records = addInt32(records, 1);
-            due = C_Calc_Next_NExpDate(due, frequencyOf(*employee), PR_NExp_Pay);
+            due = C_Calc_Next_NExpDate(due, frequencyOf(employee), PR_NExp_Pay);
         }
     }
     return {};
@@ -110,8 +115,9 @@ Variant CPayrollFunctions::C_Count_for_Pay_Date(Date dDate, std::int32_t* lEmps,
 std::int32_t CPayrollFunctions::C_Count_Employees(PR_EmpType iType) {
     if (iType != PR_ET_Regular && iType != PR_ET_Casual) return 0;
     std::int32_t count = 0;
-    for (const auto& employee : employeeList().Employees()) {
-        if (employee->Active() && employee->Casual() == (iType == PR_ET_Casual)) {
+    for (const auto& held : employeeList().Employees()) {
+        cEmployee& employee = used(held, "C_Count_Employees");
+        if (employee.Active() && employee.Casual() == (iType == PR_ET_Casual)) {
             count = addInt32(count, 1);
         }
     }
@@ -157,9 +163,10 @@ Date CPayrollFunctions::PR_End_of_PRP_for_PayDate(std::int32_t lNAIDIn, Date dPa
 
 Date CPayrollFunctions::PR_PRP_Get_Last_End_Date() {
     Date working;
-    for (const auto& employee : employeeList().Employees()) {
-        if (!isRegularActive(*employee)) continue;
-        const Date start = employee->CurEmployment()->NExpPRPStart().toDate();
+    for (const auto& held : employeeList().Employees()) {
+        cEmployee& employee = used(held, "PR_PRP_Get_Last_End_Date");
+        if (!isRegularActive(employee)) continue;
+        const Date start = employee.CurEmployment()->NExpPRPStart().toDate();
         if (start > working) working = start;
     }
     return working.addDays(-1);

@@ -190,7 +190,8 @@ void copyStandingItems(Recordset& employee, Recordset& row) {
     }
 }
 
-// Whether a field of the row holds something else. A Null differs from nothing.
+// Whether a field of the row holds something else. A Null date or week differs from nothing, a Null
+// amount from every amount.
 bool differs(Recordset& row, const FieldName& name, Date value) {
     return !row.IsNull(name) && row.GetDate(name) != value;
 }
@@ -198,7 +199,7 @@ bool differs(Recordset& row, const FieldName& name, std::int32_t value) {
     return !row.IsNull(name) && row.GetInt32(name) != value;
 }
 bool differs(Recordset& row, const FieldName& name, Currency value) {
-    return !row.IsNull(name) && row.GetCurrency(name) != value;
+    return row.IsNull(name) || row.GetCurrency(name) != value;
 }
 
 std::int32_t qualifyingDays(Recordset& employee) {
@@ -227,7 +228,8 @@ void writeNoWorkplacePension(Recordset& row) {
 }
 
 void writeWorkplacePension(Recordset& employee, Recordset& row) {
-    if (employee.GetInt32(PREPenWorkplaceSchemeID) == 0) {
+    if (employee.IsNull(PREPenWorkplaceSchemeID) ||
+        employee.GetInt32(PREPenWorkplaceSchemeID) == 0) {
         writeNoWorkplacePension(row);
         return;
     }

@@ -1,6 +1,5 @@
 // The closing of a pay run, the withdrawing of visited marks, and the row from which an employee's
 // history starts.
-#include <exception>
 #include <string>
 
 #include "ledgerwick/calendar/frequency.h"
@@ -88,7 +87,7 @@ bool CPayrollFunctions::C_Reset_HasBeenVisited(std::int32_t lNAID) {
             {std::to_string(lNAID)});
         DLLGlobal::g().DBDll().Execute(sql, failOnError);
         return true;
-    } catch (const std::exception&) {
+    } catch (...) {
         HostState& host = DLLGlobal::g();
         host.ShowCriticalMessage(host.g_strProgName() + " - Error",
                                  "Unable to Reset 'HasBeenVisited'!");

@@ -298,4 +298,24 @@ std::string Format(const Variant& value, std::string_view picture) {
     }
 }
 
+Currency readMoney(const Variant& text, std::string_view picture, std::string_view source) {
+    if (text.kind() != VariantKind::Text || plainNumber(text.textView())) {
+        return text.toCurrency(source);
+    }
+    std::string digits;
+    for (const char c : text.textView()) {
+        if ((c >= '0' && c <= '9') || c == '.') digits += c;
+    }
+    const std::string_view number = digits.empty() ? std::string_view("0") : digits;
+    if (plainNumber(number)) {
+        const Currency money = Variant(number).toCurrency(source);
+        const bool isPlus = formatNumber(money, picture) == text.textView();
+        const bool isMinus = formatNumber(Currency() - money, picture) == text.textView();
+        if (isPlus && (!isMinus || money == Currency())) return money;
+        if (isMinus && !isPlus) return Currency() - money;
+    }
+    raise(error_number::typeMismatch, source,
+          "what the money format \"" + std::string(picture) + "\" shows does not read back");
+}
+
 }  // namespace ledgerwick

@@ -33,4 +33,11 @@ LEDGERWICK_API std::string formatDate(Date value, std::string_view picture);
 // Errors: 13 for an array or an object.
 LEDGERWICK_API std::string Format(const Variant& value, std::string_view picture);
 
+// The money that the picture writes as that text, for whatever signs, brackets and words stand
+// around its digits. A value of another kind is taken as it is.
+// Errors: 13, naming the picture, when it writes no money so, or writes a plus and a minus alike;
+//         94 for Null, 6 for a number too large.
+LEDGERWICK_API Currency readMoney(const Variant& text, std::string_view picture,
+                                  std::string_view source);
+
 }  // namespace ledgerwick

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "ledgerwick/export.h"
+#include "ledgerwick/values/error.h"
 
 namespace ledgerwick {
 
@@ -27,5 +28,13 @@ class LEDGERWICK_API Object {
 };
 
 using ObjectRef = std::shared_ptr<Object>;  // a reference that may be empty
+
+// The object of a reference, for its use.
+// Errors: 91, with `source`, for an empty reference.
+template <class T>
+T& used(const std::shared_ptr<T>& reference, std::string_view source) {
+    if (!reference) raise(error_number::objectNotSet, source);
+    return *reference;
+}
 
 }  // namespace ledgerwick

@@ -157,7 +157,7 @@ double Variant::convertDouble(std::string_view source) const {
         case VariantKind::Int64:
             return static_cast<double>(load<std::int64_t>());
         case VariantKind::Single:
-            return load<float>();
+            return asWritten(load<float>());
         case VariantKind::Double:
             return load<double>();
         case VariantKind::Currency:
@@ -215,8 +215,6 @@ Currency Variant::toCurrency(std::string_view source) const {
             return load<Currency>();
         case VariantKind::Int64:
             return Currency::fromWhole(load<std::int64_t>(), source);
-        case VariantKind::Single:
-            return Currency::fromDouble(asWritten(load<float>()), source);
         case VariantKind::Text:
             return currencyOf(Decimal::fromPlainText(plainOrMismatch(textView(), source)), source);
         default:
@@ -243,9 +241,8 @@ std::string Variant::toText(std::string_view source) const {
         case VariantKind::Int64:
             return std::to_string(toInt64(source));
         case VariantKind::Single:
-            return numberText(asWritten(load<float>()));
         case VariantKind::Double:
-            return numberText(load<double>());
+            return numberText(toDouble(source));
         case VariantKind::Currency:
             return load<Currency>().toText();
         case VariantKind::Date:

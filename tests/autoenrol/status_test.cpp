@@ -100,10 +100,8 @@ TEST_F(StatusOfStoredPayments, EndsAtTheDateAsked) {
 // A closed pay row with all that a payment holds.
 Row fullPayRow(std::int32_t week) {
     return closedPayRow(week)
-        .with(field::PRPDirector, true)
         .with(field::PRPPeriodPay, Currency::fromWhole(100 + week))
         .with(field::PRPStdHourlyRate, Currency::fromDouble(7.5))
-        .with(field::PRPNITable, "A")
         .with(field::PRPWorksNo, "W" + std::to_string(week))
         .with(field::PRPPenWorkplaceSchemeID, 3);
 }
@@ -130,20 +128,10 @@ TEST_F(YearStore, HoldsThePayRowsByTheirKeys) {
     const auto payments = stored(*employment);
     ASSERT_EQ(payments->Keys(), (std::vector<std::int32_t>{101, 102}));
     const CPayment& payment = *payments->Item(101);
-    EXPECT_TRUE(payment.Director());
-    EXPECT_FALSE(payment.WeekOne());
+    EXPECT_EQ(payment.RTIPayDate(), on(15, 4, 2016));
     EXPECT_EQ(payment.PeriodPay(), Currency::fromWhole(101));
     EXPECT_EQ(payment.StdHourlyRate(), Currency::fromDouble(7.5));
-    EXPECT_EQ(payment.PayDate(), on(15, 4, 2016));
-    EXPECT_EQ(payment.RTIPayDate(), on(15, 4, 2016));
-    EXPECT_EQ(payment.EPEDate(), on(12, 4, 2016));
-    EXPECT_EQ(payment.NExpPayDate(), on(22, 4, 2016));
-    EXPECT_EQ(payment.NExpEPEDate(), on(19, 4, 2016));
-    EXPECT_EQ(payment.WeekNo(), 1);
     EXPECT_EQ(payment.PayFrequency(), PFREQ_1Weekly);
-    EXPECT_EQ(payment.Year(), 17);
-    EXPECT_EQ(payment.NITable(), "A");
-    EXPECT_EQ(payment.TaxCode(), "1100L");
     EXPECT_EQ(payment.PenWorkplaceSchemeID(), 3);
 }
 
@@ -164,17 +152,6 @@ TEST_F(YearStore, LeavesAnEmploymentThatHasTheYear) {
     statusUpTo(on(5, 4, 2017));
     EXPECT_EQ(stored(*employment)->Keys(), std::vector<std::int32_t>{999});
     EXPECT_EQ(stored(*employee.GetEmploymentByIndex("71"))->Keys(), std::vector<std::int32_t>{102});
-}
-
-TEST_F(YearStore, TakesInAnEmploymentThatIsNotInMemory) {
-    answerYear17({fullPayRow(1), fullPayRow(2).with(field::PRTID, 71)});
-    database().answer("FROM (((PREmployeeDetails",
-                      {employmentRow(), employmentRow().with(field::PRTID, 71)});
-    EXPECT_EQ(statusUpTo(on(5, 4, 2017))->StaffNo(), "W2");
-    EXPECT_EQ(employee.Employments().Count(), 2);
-    EXPECT_EQ(stored(*employee.GetEmploymentByIndex("71"))->Keys(), std::vector<std::int32_t>{102});
-    EXPECT_EQ(employee.MostRecentEmploymentPRTID(), 0);
-    EXPECT_FALSE(employee.Active());
 }
 
 TEST_F(YearStore, StaysEmptyWhenARowCannotBeRead) {
