@@ -11,7 +11,7 @@
 #include "app/context.h"
 #include "app/options.h"
 #include "hostkit/exchange/company_files.h"
-#include "hostkit/services/terminal_label.h"
+#include "hostkit/services/terminal_text.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::app {

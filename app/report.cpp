@@ -5,7 +5,7 @@
 #include <ostream>
 
 #include "hostkit/exchange/csv.h"
-#include "hostkit/services/terminal_label.h"
+#include "hostkit/services/terminal_text.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::app {

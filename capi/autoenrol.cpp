@@ -1,8 +1,8 @@
 // The tables and letters of auto-enrolment.
 #include "capi/session.h"
 #include "capi/table.h"
-#include "capi/utf8.h"
 #include "hostkit/office/letters.h"
+#include "ledgerwick/values/utf8.h"
 
 namespace {
 

@@ -1,12 +1,11 @@
 #include "capi/call.h"
 
-#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <new>
 
-#include "capi/utf8.h"
 #include "ledgerwick/calendar/frequency.h"
+#include "ledgerwick/values/utf8.h"
 
 namespace ledgerwick::c {
 
@@ -14,10 +13,9 @@ namespace {
 
 template <std::size_t Size>
 void copyText(char (&place)[Size], std::string_view text) noexcept {
-    std::size_t length = std::min(text.size(), Size - 1);
-    while (length < text.size() && length > 0 && isContinuation(text[length])) --length;
-    std::memcpy(place, text.data(), length);
-    place[length] = '\0';
+    const std::string_view cut = cutToBytes(text, Size - 1);
+    std::memcpy(place, cut.data(), cut.size());
+    place[cut.size()] = '\0';
 }
 
 std::int32_t tell(ledgerwick_error* error, std::int32_t number, std::string_view source,

@@ -4,9 +4,9 @@
 #include <cstring>
 #include <filesystem>
 
-#include "capi/utf8.h"
 #include "hostkit/history/as_of.h"
 #include "hostkit/office/company.h"
+#include "ledgerwick/values/utf8.h"
 
 namespace ledgerwick::c {
 
@@ -172,7 +172,7 @@ std::int32_t ledgerwick_get_parameter(ledgerwick_session* session, const char* n
         Session& here = sessionIn(session);
         const auto found =
             here.host().parameters().Get(textIn(name, "ledgerwick_get_parameter")).toText();
-        const char* const text = here.keepText(soundUtf8(found));
+        const char* const text = here.keepText(ledgerwick::soundUtf8(found));
         give(value, text);
     });
 }

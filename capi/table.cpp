@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "capi/columns.h"
-#include "capi/utf8.h"
 #include "ledgerwick/values/text.h"
+#include "ledgerwick/values/utf8.h"
 
 namespace ledgerwick::c {
 

@@ -8,7 +8,7 @@
 
 #include "hostkit/exchange/csv.h"
 #include "hostkit/exchange/tables.h"
-#include "hostkit/services/terminal_label.h"
+#include "hostkit/services/terminal_text.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::exchange {

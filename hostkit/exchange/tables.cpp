@@ -9,6 +9,7 @@
 #include "hostkit/sqlite/recordset.h"
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/text.h"
+#include "ledgerwick/values/utf8.h"
 
 namespace ledgerwick::exchange {
 
@@ -115,30 +116,6 @@ std::optional<bool> truth(std::string_view text) {
     return std::nullopt;
 }
 
-// Whether the bytes are well-formed UTF-8 without the character U+0000.
-bool isSoundText(std::string_view text) {
-    for (std::size_t i = 0; i < text.size();) {
-        const auto lead = static_cast<unsigned char>(text[i]);
-        if (lead == 0) return false;
-        const std::size_t length = lead < 0x80   ? 1
-                                   : lead < 0xC2 ? 0
-                                   : lead < 0xE0 ? 2
-                                   : lead < 0xF0 ? 3
-                                   : lead < 0xF5 ? 4
-                                                 : 0;
-        if (length == 0 || i + length > text.size()) return false;
-        for (std::size_t k = 1; k < length; ++k) {
-            if ((static_cast<unsigned char>(text[i + k]) & 0xC0) != 0x80) return false;
-        }
-        const auto second = length > 1 ? static_cast<unsigned char>(text[i + 1]) : 0;
-        const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
-        const bool outside = (lead == 0xED && second > 0x9F) || (lead == 0xF4 && second > 0x8F);
-        if (overlong || outside) return false;
-        i += length;
-    }
-    return true;
-}
-
 template <class Value>
 FieldReading readingOf(const std::optional<Value>& value, std::string_view text,
                        std::string_view wanted) {
@@ -147,7 +124,8 @@ FieldReading readingOf(const std::optional<Value>& value, std::string_view text,
 }
 
 FieldReading readText(std::string_view text) {
-    if (!isSoundText(text)) return {{}, "the text is not UTF-8"};
+    const bool isText = isUtf8(text) && text.find('\0') == std::string_view::npos;
+    if (!isText) return {{}, "the text is not UTF-8"};
     return {Variant(unguarded(text)), {}};
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "ledgerwick/values/text.h"
+#include "ledgerwick/values/utf8.h"
 
 namespace ledgerwick::office {
 
@@ -165,26 +166,14 @@ class TemplateReader {
     std::vector<Found> found_;
 };
 
-// Where the first character stands that takes more than one byte in a text of well-formed UTF-8;
-// nothing in any other text.
+// Where the first character stands that takes more than one byte in a text of UTF-8; nothing in any
+// other text.
 std::optional<std::size_t> firstUtf8Character(std::string_view bytes) {
-    std::optional<std::size_t> first;
-    for (std::size_t i = 0; i < bytes.size();) {
-        const auto lead = static_cast<unsigned char>(bytes[i]);
-        const std::size_t length = lead < 0x80   ? 1
-                                   : lead < 0xC2 ? 0
-                                   : lead < 0xE0 ? 2
-                                   : lead < 0xF0 ? 3
-                                   : lead < 0xF5 ? 4
-                                                 : 0;
-        if (length == 0 || i + length > bytes.size()) return std::nullopt;
-        for (std::size_t k = 1; k < length; ++k) {
-            if ((static_cast<unsigned char>(bytes[i + k]) & 0xC0) != 0x80) return std::nullopt;
-        }
-        if (length > 1 && !first) first = i;
-        i += length;
-    }
-    return first;
+    if (!isUtf8(bytes)) return std::nullopt;
+    const auto found = std::ranges::find_if(
+        bytes, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+    if (found == bytes.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - bytes.begin());
 }
 
 }  // namespace

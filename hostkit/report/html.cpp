@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "ledgerwick/values/text.h"
+#include "ledgerwick/values/utf8.h"
 
 namespace ledgerwick::report {
 
@@ -66,25 +67,10 @@ footer { margin-top: 2.5rem; border-top: 1px solid #cdd3da; padding-top: .6rem; 
 figure { margin: .6rem 0 0; }
 )css";
 
-// How many bytes the character at the front takes; 0 when it is no valid UTF-8.
-std::size_t characterLength(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text[0]);
-    const std::size_t length = lead < 0x80                   ? 1
-                               : lead >= 0xC2 && lead < 0xE0 ? 2
-                               : lead >= 0xE0 && lead < 0xF0 ? 3
-                               : lead >= 0xF0 && lead < 0xF5 ? 4
-                                                             : 0;
-    if (length == 0 || length > text.size()) return 0;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 0;
-    }
-    if (length < 3) return length;
-    // Overlong forms, surrogates, what lies beyond the last code point, and the two that XML bars.
-    const auto second = static_cast<unsigned char>(text[1]);
-    const bool isBad = (lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
-                       (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F) ||
-                       text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
-    return isBad ? 0 : length;
+// How many bytes the character at the front takes; 0 for none, and for the two that XML bars.
+std::size_t pageCharacterLength(std::string_view text) {
+    const bool isBarred = text.starts_with("\uFFFE") || text.starts_with("\uFFFF");
+    return isBarred ? 0 : characterLength(text);
 }
 
 std::string_view entityOf(char c) {
@@ -136,7 +122,7 @@ std::string htmlText(std::string_view text) {
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
-        const std::size_t length = characterLength(text);
+        const std::size_t length = pageCharacterLength(text);
         if (length == 0) {
             result += "\xEF\xBF\xBD";
         } else if (const auto entity = entityOf(text[0]); !entity.empty()) {

@@ -1,6 +1,6 @@
 #include "hostkit/report/table.h"
 
-#include "hostkit/services/terminal_label.h"
+#include "hostkit/services/terminal_text.h"
 #include "ledgerwick/values/format.h"
 
 namespace ledgerwick::report {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 
+#include "hostkit/services/terminal_text.h"
 #include "ledgerwick/values/text.h"
 
 #ifdef _WIN32
@@ -24,10 +25,6 @@ bool onTerminal(std::FILE* stream) {
 #else
     return isatty(fileno(stream)) != 0;
 #endif
-}
-
-bool isControl(unsigned char c) {
-    return c < 0x20 || c == 0x7f;
 }
 
 }  // namespace
@@ -55,25 +52,6 @@ void TerminalLabel::Wipe() {
     std::fprintf(stream_, "\r%s\r", std::string(width, ' ').c_str());
     std::fflush(stream_);
     shown_ = false;
-}
-
-std::string withoutControls(std::string_view text) {
-    std::string clean(text);
-    for (std::size_t i = 0; i < clean.size(); ++i) {
-        const auto c = static_cast<unsigned char>(clean[i]);
-        const auto behind = [&](std::size_t count) {
-            return i + count < clean.size() ? static_cast<unsigned char>(clean[i + count]) : 0;
-        };
-        if (isControl(c)) clean[i] = ' ';
-        // U+0080 to U+009F, the second block of controls, stand as C2 80 to C2 9F.
-        if (c == 0xC2 && behind(1) != 0 && behind(1) < 0xA0) clean.replace(i, 2, 2, ' ');
-        // U+202A to U+202E and U+2066 to U+2069 turn the direction of what stands behind them.
-        const bool turns =
-            c == 0xE2 && ((behind(1) == 0x80 && behind(2) >= 0xAA && behind(2) <= 0xAE) ||
-                          (behind(1) == 0x81 && behind(2) >= 0xA6 && behind(2) <= 0xA9));
-        if (turns) clean.replace(i, 3, 3, ' ');
-    }
-    return clean;
 }
 
 }  // namespace ledgerwick

@@ -3,7 +3,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <string>
 #include <string_view>
 
 #include "hostkit/export.h"
@@ -34,9 +33,5 @@ class LEDGERWICK_HOSTKIT_API TerminalLabel : public Label {
     bool shown_ = false;
     std::chrono::steady_clock::time_point next_{};
 };
-
-// The text with blanks for every control character and every mark that turns the direction of
-// writing, so that a name out of a database cannot steer the terminal.
-LEDGERWICK_HOSTKIT_API std::string withoutControls(std::string_view text);
 
 }  // namespace ledgerwick

@@ -6,13 +6,10 @@
 #include <cmath>
 
 #include "ledgerwick/values/decimal.h"
+#include "ledgerwick/values/utf8.h"
 
 namespace ledgerwick {
 namespace {
-
-constexpr unsigned char byteAt(std::string_view text, std::size_t i) noexcept {
-    return static_cast<unsigned char>(text[i]);
-}
 
 constexpr bool isDigit(char c) noexcept {
     return c >= '0' && c <= '9';
@@ -22,41 +19,9 @@ constexpr char lowered(char c) noexcept {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// The allowed range of the second byte of a UTF-8 sequence, by its first one.
-struct SecondByte {
-    unsigned char low, high;
-};
-constexpr SecondByte secondByteAfter(unsigned char lead) noexcept {
-    switch (lead) {
-        case 0xE0:
-            return {0xA0, 0xBF};
-        case 0xED:
-            return {0x80, 0x9F};
-        case 0xF0:
-            return {0x90, 0xBF};
-        case 0xF4:
-            return {0x80, 0x8F};
-        default:
-            return {0x80, 0xBF};
-    }
-}
-
-// The number of bytes of the character at `start`; 1 for a byte that is no valid UTF-8.
-std::size_t characterLength(std::string_view text, std::size_t start) noexcept {
-    const unsigned char lead = byteAt(text, start);
-    const std::size_t length = lead < 0xC2    ? 1
-                               : lead < 0xE0  ? 2
-                               : lead < 0xF0  ? 3
-                               : lead <= 0xF4 ? 4
-                                              : 1;
-    if (length == 1 || start + length > text.size()) return 1;
-    const SecondByte allowed = secondByteAfter(lead);
-    const unsigned char second = byteAt(text, start + 1);
-    if (second < allowed.low || second > allowed.high) return 1;
-    for (std::size_t i = start + 2; i < start + length; ++i) {
-        if ((byteAt(text, i) & 0xC0) != 0x80) return 1;
-    }
-    return length;
+// The number of bytes of the character at `start`; a byte that belongs to none counts as one.
+std::size_t stepAt(std::string_view text, std::size_t start) noexcept {
+    return std::max<std::size_t>(characterLength(text.substr(start)), 1);
 }
 
 // Takes `what` off the front of `text` when it stands there.
@@ -106,19 +71,6 @@ constexpr std::array<char16_t, 32> windows1252Upper = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-void appendUtf8(std::string& text, unsigned codePoint) {
-    if (codePoint < 0x80) {
-        text += static_cast<char>(codePoint);
-    } else if (codePoint < 0x800) {
-        text += static_cast<char>(0xC0 | (codePoint >> 6));
-        text += static_cast<char>(0x80 | (codePoint & 0x3F));
-    } else {
-        text += static_cast<char>(0xE0 | (codePoint >> 12));
-        text += static_cast<char>(0x80 | ((codePoint >> 6) & 0x3F));
-        text += static_cast<char>(0x80 | (codePoint & 0x3F));
-    }
-}
 
 // A number by its form alone, with what may be left out taken out.
 std::optional<std::string> plainForm(std::string_view text) {
@@ -170,14 +122,14 @@ std::string_view trim(std::string_view text) noexcept {
 
 std::size_t characterCount(std::string_view text) noexcept {
     std::size_t count = 0;
-    for (std::size_t i = 0; i < text.size(); i += characterLength(text, i)) ++count;
+    for (std::size_t i = 0; i < text.size(); i += stepAt(text, i)) ++count;
     return count;
 }
 
 std::string_view firstCharacters(std::string_view text, std::size_t count) noexcept {
     if (text.size() <= count) return text;
     std::size_t end = 0;
-    for (; count > 0 && end < text.size(); --count) end += characterLength(text, end);
+    for (; count > 0 && end < text.size(); --count) end += stepAt(text, end);
     return text.substr(0, end);
 }
 
@@ -235,7 +187,8 @@ std::string windows1252ToUtf8(std::string_view bytes) {
     result.reserve(bytes.size());
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
-        appendUtf8(result, byte >= 0x80 && byte < 0xA0 ? windows1252Upper[byte - 0x80u] : byte);
+        const bool isUpper = byte >= 0x80 && byte < 0xA0;
+        appendUtf8(result, isUpper ? windows1252Upper[byte - 0x80u] : char16_t{byte});
     }
     return result;
 }

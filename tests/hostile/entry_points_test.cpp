@@ -13,7 +13,7 @@
 #include "hostkit/services/customer_functions.h"
 #include "hostkit/services/file_functions.h"
 #include "hostkit/services/parameters.h"
-#include "hostkit/services/terminal_label.h"
+#include "hostkit/services/terminal_text.h"
 #include "ledgerwick/autoenrol/ae_letter_detail.h"
 #include "ledgerwick/host/class_factory.h"
 #include "ledgerwick/host/identify.h"

@@ -8,7 +8,7 @@
 #include "hostkit/services/file_functions.h"
 #include "hostkit/services/host_session.h"
 #include "hostkit/services/program_functions.h"
-#include "hostkit/services/terminal_label.h"
+#include "hostkit/services/terminal_text.h"
 #include "hostkit/sqlite/database.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/records/schema.h"
@@ -104,9 +104,10 @@ TEST(KitFileFunctions, MakesTheFolderBelowTheProgram) {
     EXPECT_FALSE(std::filesystem::exists(program));
 }
 
-TEST(TerminalLabel, KeepsNamesFromSteeringTheTerminal) {
+TEST(TerminalText, CannotSteerTheTerminal) {
     EXPECT_EQ(withoutControls("Ann\x1b[2J\r\nLee\x7f"), "Ann [2J  Lee ");
     EXPECT_EQ(withoutControls("Zoë \xC2\x9B"), "Zoë   ");
+    EXPECT_EQ(withoutControls("a\u202Eb\u2069c\u202F"), "a   b   c\u202F");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "ledgerwick/values/text.h"
+#include "ledgerwick/values/utf8.h"
 #include "tests/support/errors.h"
 
 namespace ledgerwick {
@@ -108,6 +109,24 @@ TEST(TextWidths, CountABrokenByteAsOneCharacter) {
     EXPECT_EQ(3u, characterCount("\xA3"
                                  "5\xFF"));
     EXPECT_EQ("\xE2", firstCharacters("\xE2\x82", 1));
+}
+
+TEST(Utf8, TakesEachCodePointInItsShortestFormOnly) {
+    for (const char* const whole : {"a", "\x7F", "\u0080", "\u07FF", "\u0800", "\uD7FF", "\uE000",
+                                    "\uFFFF", "\U00010000", "\U0010FFFF"}) {
+        const std::string_view text = whole;
+        EXPECT_EQ(characterLength(text), text.size()) << whole;
+        EXPECT_EQ(characterLength(text.substr(0, text.size() - 1)), 0u) << "cut off";
+        EXPECT_EQ(cutToBytes(text, text.size() - 1), "") << "never cut in two";
+        EXPECT_EQ(soundUtf8(text), text);
+    }
+    for (const char* const broken :
+         {"\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF",
+          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE2\x82("}) {
+        EXPECT_EQ(characterLength(broken), 0u);
+        EXPECT_FALSE(isUtf8("a" + std::string(broken)));
+        EXPECT_TRUE(isUtf8(soundUtf8(broken)));
+    }
 }
 
 TEST(ReplaceAll, DoesNotLookAtWhatItPutIn) {
