@@ -7,6 +7,7 @@
 #include "hostkit/history/as_of.h"
 #include "hostkit/office/company.h"
 #include "ledgerwick/values/utf8.h"
+#include "ledgerwick/version.h"
 
 namespace ledgerwick::c {
 
@@ -114,7 +115,7 @@ Session& sessionIn(Token token) {
 using namespace ledgerwick::c;
 
 const char* ledgerwick_version(void) {
-    return LEDGERWICK_VERSION;
+    return LEDGERWICK_VERSION_TEXT;
 }
 
 std::int32_t ledgerwick_abi(void) {

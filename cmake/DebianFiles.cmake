@@ -1,10 +1,18 @@
 # Run by CPack on the files of each package before it is made.
+
+# The words of the licence, as a paragraph of debian/copyright is set.
+file(READ ${CPACK_LEDGERWICK_SOURCE}/LICENCE licence)
+string(STRIP "${licence}" licence)
+string(REPLACE "\n\n" "\n.\n" licence "${licence}")
+string(REPLACE "\n" "\n " licence "${licence}")
+
 foreach(component ${CPACK_COMPONENTS_ALL})
   string(TOUPPER ${component} upper)
   set(root ${CPACK_TEMPORARY_DIRECTORY}/${component}/usr)
   set(doc ${root}/share/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME})
-  file(COPY ${CPACK_LEDGERWICK_SOURCE}/packaging/debian/copyright
-       DESTINATION ${doc} FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+  file(MAKE_DIRECTORY ${doc})
+  file(READ ${CPACK_LEDGERWICK_SOURCE}/packaging/debian/copyright copyright)
+  file(WRITE ${doc}/copyright "${copyright} ${licence}\n")
   file(COPY_FILE ${CPACK_LEDGERWICK_SOURCE}/packaging/debian/changelog ${doc}/changelog.Debian)
   file(GLOB pages ${root}/share/man/man*/*)
   # -n leaves the time out, so that the same sources make the same package.

@@ -2,6 +2,7 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ledgerwick)
 set(CPACK_PACKAGE_VENDOR "Ledgerwick developers")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENCE)
 set(CPACK_PACKAGE_CONTACT "Ledgerwick developers <developers@ledgerwick.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_COMPONENTS_ALL Runtime Development)

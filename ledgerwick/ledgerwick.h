@@ -21,3 +21,4 @@
 #include "ledgerwick/orders/order_line.h"
 #include "ledgerwick/records/pay_row_order.h"
 #include "ledgerwick/records/schema.h"
+#include "ledgerwick/version.h"

@@ -66,7 +66,9 @@ class LEDGERWICK_API cEmployee : public Object {
     void AddPayment(Recordset& rsPay);
     Property<bool> Active;  // the most recent employment is active
     // Works out, once all pay rows are in, which employment is the most recent and which is in
-    // force, and starts the expected pay reference periods. It never takes back a flag that is set.
+    // force, and starts the expected pay reference periods. Going through the employments that are
+    // not void, each one whose year and count are above those of its neighbour before it becomes the
+    // most recent. A flag that is set stays set.
     // Errors: those of `cEmployment::CalcExpPRP`; the flags of this employee are then set.
     void UpdateFlags();
     // Takes the workplace scheme and its rates from a row of the employee joined with the scheme.

@@ -10,6 +10,7 @@ class LedgerwickConan(ConanFile):
     name = "ledgerwick"
     version = "1.0.0"
     description = "UK payroll object library"
+    license = "see LICENCE"
     package_type = "library"
     settings = "os", "compiler", "build_type", "arch"
     options = {"shared": [True, False], "hostkit": [True, False]}
@@ -17,7 +18,7 @@ class LedgerwickConan(ConanFile):
 
     def export_sources(self):
         root = os.path.join(self.recipe_folder, "..", "..")
-        for pattern in ("CMakeLists.txt", "cmake/*", "ledgerwick/*", "hostkit/*", "capi/*"):
+        for pattern in ("CMakeLists.txt", "LICENCE", "cmake/*", "ledgerwick/*", "hostkit/*", "capi/*"):
             copy(self, pattern, root, self.export_sources_folder)
 
     def requirements(self):
@@ -43,6 +44,7 @@ class LedgerwickConan(ConanFile):
 
     def package(self):
         CMake(self).install()
+        copy(self, "LICENCE", self.source_folder, os.path.join(self.package_folder, "licenses"))
 
     def package_info(self):
         # The package that the library installs itself has the targets and `ledgerwick_place_fernbank`.

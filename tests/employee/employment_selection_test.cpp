@@ -42,7 +42,7 @@ class LatestEmployment : public testing::Test {
     Company company;
 };
 
-TEST_F(LatestEmployment, IsTheHighestYearAndCountThatIsNotVoid) {
+TEST_F(LatestEmployment, IsTheLastAboveItsNeighbourOfThoseNotVoid) {
     struct Case {
         const char* reason;
         std::vector<Employment> employments;

@@ -32,12 +32,19 @@ def _version() -> str:
     return found.group(1)
 
 
+def _licence() -> bytes:
+    """The project's one file on its licence, beside the sources of the package or at the tree's top."""
+    found = [each for each in (HERE / "LICENCE", HERE.parent.parent / "LICENCE") if each.exists()]
+    return found[0].read_bytes()
+
+
 def _metadata() -> str:
     description = (HERE / "README.md").read_text("utf-8")
     return f"""Metadata-Version: 2.1
 Name: ledgerwick
 Version: {_version()}
 Summary: UK payroll: the Ledgerwick object library from Python
+License: see the file LICENCE
 Author: Ledgerwick developers
 Author-email: developers@ledgerwick.invalid
 Keywords: payroll,UK,PAYE,auto-enrolment
@@ -74,6 +81,7 @@ def _write(folder: str, files: Dict[str, bytes], tag: str) -> str:
     files = {
         **files,
         f"{info}/METADATA": _metadata().encode(),
+        f"{info}/LICENCE": _licence(),
         f"{info}/WHEEL": "Wheel-Version: 1.0\nGenerator: ledgerwick_build\n"
         f"Root-Is-Purelib: {str(tag.endswith('any')).lower()}\nTag: {tag}\n".encode(),
     }
@@ -125,9 +133,10 @@ def build_sdist(sdist_directory: str, config_settings: object = None) -> str:
     with tarfile.open(Path(sdist_directory) / f"{name}.tar.gz", "w:gz") as archive:
         for each in sorted(each for pattern in names for each in HERE.glob(pattern)):
             archive.add(each, f"{name}/{each.relative_to(HERE)}")
-        information = tarfile.TarInfo(f"{name}/PKG-INFO")
-        information.size = len(_metadata().encode())
-        archive.addfile(information, io.BytesIO(_metadata().encode()))
+        for file, content in (("PKG-INFO", _metadata().encode()), ("LICENCE", _licence())):
+            information = tarfile.TarInfo(f"{name}/{file}")
+            information.size = len(content)
+            archive.addfile(information, io.BytesIO(content))
     _leave_nothing()
     return f"{name}.tar.gz"
 

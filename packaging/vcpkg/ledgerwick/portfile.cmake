@@ -19,4 +19,4 @@ file(REMOVE_RECURSE "${CURRENT_PACKAGES_DIR}/debug/include" "${CURRENT_PACKAGES_
 if(VCPKG_LIBRARY_LINKAGE STREQUAL "static")
     set(VCPKG_POLICY_ALLOW_EXES_IN_BIN enabled)
 endif()
-file(INSTALL "${SOURCE_PATH}/packaging/debian/copyright" DESTINATION "${CURRENT_PACKAGES_DIR}/share/${PORT}")
+vcpkg_install_copyright(FILE_LIST "${SOURCE_PATH}/LICENCE")

@@ -1,0 +1,27 @@
+// The version: of these headers for the preprocessor, and of the library that a program runs with.
+//
+//   #if LEDGERWICK_VERSION >= 10100    // 1.1.0 or later
+//
+// The build, the packages and the documents take the version from here; docs/compatibility.md says
+// what it promises.
+#pragma once
+
+#include <string_view>
+
+#include "ledgerwick/export.h"
+
+#define LEDGERWICK_VERSION_MAJOR 1
+#define LEDGERWICK_VERSION_MINOR 0
+#define LEDGERWICK_VERSION_PATCH 0
+#define LEDGERWICK_VERSION_TEXT "1.0.0"
+// One number that grows with the version: 10203 is 1.2.3.
+#define LEDGERWICK_VERSION \
+    (LEDGERWICK_VERSION_MAJOR * 10000 + LEDGERWICK_VERSION_MINOR * 100 + LEDGERWICK_VERSION_PATCH)
+
+namespace ledgerwick {
+
+// The version of the library at run time: "1.0.0". It differs from `LEDGERWICK_VERSION_TEXT` when the
+// program was built with the headers of another release.
+LEDGERWICK_API std::string_view libraryVersion() noexcept;
+
+}  // namespace ledgerwick
