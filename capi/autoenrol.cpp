@@ -50,7 +50,7 @@ std::int32_t ledgerwick_ae_status(ledgerwick_session* session, ledgerwick_date u
         Session& company = sessionIn(session);
         if (naid != 0) company.employee(naid);
         ResultTable result = company.payroll().GetAEStatus(dateNeeded(up_to, here), payroll_year,
-                                                           open_rows == 0, naid);
+                                                           !flagIn(open_rows, here), naid);
         result.Sort("NameSort");
         giveHandle(out, tableOf(result));
     });
@@ -60,7 +60,7 @@ std::int32_t ledgerwick_ae_employees(ledgerwick_session* session, std::int32_t f
                                      ledgerwick_table** out, ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        ResultTable result = sessionIn(session).payroll().C_ActiveEmployees(full != 0);
+        ResultTable result = sessionIn(session).payroll().C_ActiveEmployees(flagIn(full, here));
         giveHandle(out, tableOf(result));
     });
 }
@@ -72,7 +72,7 @@ std::int32_t ledgerwick_ae_assessment(ledgerwick_session* session, std::int32_t 
     return call(error, [&] {
         needHandle(out, here);
         giveHandle(out, assessment(sessionIn(session), naid, dateNeeded(up_to, here), payroll_year,
-                                   open_rows != 0));
+                                   flagIn(open_rows, here)));
     });
 }
 

@@ -84,7 +84,8 @@ std::int32_t ledgerwick_next_expected(ledgerwick_session* session, ledgerwick_da
     return call(error, [&] {
         const Date found = sessionIn(session).payroll().C_Calc_Next_NExpDate(
             dateNeeded(date, here), frequencyIn(frequency),
-            period_end != 0 ? PR_NExp_EPE : PR_NExp_Pay, change != 0, reverse != 0);
+            flagIn(period_end, here) ? PR_NExp_EPE : PR_NExp_Pay, flagIn(change, here),
+            flagIn(reverse, here));
         give(next, dateOut(found));
     });
 }

@@ -18,6 +18,14 @@ void copyText(char (&place)[Size], std::string_view text) noexcept {
     place[cut.size()] = '\0';
 }
 
+// A database adds the statement at which it failed, which is nothing for people.
+std::string_view withoutStatement(const Error& failure) {
+    const std::string_view text = failure.Description();
+    const bool hasOne = failure.Number() == error_number::databaseError ||
+                        failure.Number() == error_number::statementError;
+    return hasOne ? text.substr(0, text.find(" in: ")) : text;
+}
+
 std::int32_t tell(ledgerwick_error* error, std::int32_t number, std::string_view source,
                   std::string_view description) noexcept {
     if (number == LEDGERWICK_OK) number = LEDGERWICK_INTERNAL;
@@ -31,6 +39,11 @@ std::int32_t tell(ledgerwick_error* error, std::int32_t number, std::string_view
 
 }  // namespace
 
+RowAtHand& rowAtHand() noexcept {
+    thread_local RowAtHand row;
+    return row;
+}
+
 void succeeded(ledgerwick_error* error) noexcept {
     if (!error) return;
     error->number = LEDGERWICK_OK;
@@ -43,7 +56,7 @@ std::int32_t failed(ledgerwick_error* error) noexcept {
     } catch (const Error& failure) {
         try {
             return tell(error, failure.Number(), soundUtf8(failure.Source()),
-                        soundUtf8(failure.Description()));
+                        soundUtf8(withoutStatement(failure)));
         } catch (...) {
             return tell(error, failure.Number(), {}, {});
         }
@@ -93,6 +106,11 @@ ledgerwick_date dateOut(Date date) {
     return year * 10000 + month * 100 + day;
 }
 
+bool flagIn(std::int32_t flag, std::string_view what) {
+    if (flag == 0 || flag == 1) return flag == 1;
+    raise(LEDGERWICK_INVALID_CALL, what, "a flag is 0 or 1, not " + std::to_string(flag));
+}
+
 PR_Pay_Freq frequencyIn(std::int32_t frequency, bool choice) {
     if (calendar::findFrequency(frequency) || (choice && frequency == LEDGERWICK_ALL)) {
         return static_cast<PR_Pay_Freq>(frequency);
@@ -103,3 +121,13 @@ PR_Pay_Freq frequencyIn(std::int32_t frequency, bool choice) {
 }
 
 }  // namespace ledgerwick::c
+
+std::int32_t ledgerwick_error_row(const char** table, std::int64_t* key, const char** field,
+                                  ledgerwick_error* error) {
+    const ledgerwick::c::RowAtHand& row = ledgerwick::c::rowAtHand();
+    ledgerwick::c::give(table, row.table.empty() ? nullptr : row.table.c_str());
+    ledgerwick::c::give(key, row.key);
+    ledgerwick::c::give(field, row.field.empty() ? nullptr : row.field.c_str());
+    ledgerwick::c::succeeded(error);
+    return LEDGERWICK_OK;
+}

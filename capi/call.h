@@ -20,9 +20,18 @@ namespace ledgerwick::c {
 std::int32_t failed(ledgerwick_error* error) noexcept;
 void succeeded(ledgerwick_error* error) noexcept;
 
+// The row that the running call works on, for one who asks after it failed.
+struct RowAtHand {
+    std::string table{};
+    std::int64_t key = 0;
+    std::string field{};
+};
+RowAtHand& rowAtHand() noexcept;
+
 template <class Work>
 std::int32_t call(ledgerwick_error* error, Work&& work) noexcept {
     try {
+        rowAtHand() = {};
         work();
         succeeded(error);
         return LEDGERWICK_OK;
@@ -44,6 +53,8 @@ Date dateIn(ledgerwick_date date, std::string_view what);
 Date dateNeeded(ledgerwick_date date, std::string_view what);
 ledgerwick_date dateOut(Date date);
 
+// Errors: 5 for what is neither 0 nor 1.
+bool flagIn(std::int32_t flag, std::string_view what);
 // Errors: 9910 for a number that is no frequency; with `choice` that of everybody is one.
 PR_Pay_Freq frequencyIn(std::int32_t frequency, bool choice = false);
 

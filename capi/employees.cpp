@@ -189,8 +189,8 @@ std::int32_t ledgerwick_employment_add(ledgerwick_session* session, std::int32_t
         office::NewEmployment details;
         details.naid = naid;
         details.start = dateNeeded(start, here);
-        details.casual = casual != 0;
-        details.continuation = continuation != 0;
+        details.casual = flagIn(casual, here);
+        details.continuation = flagIn(continuation, here);
         details.aeStatus = textIn(ae_status, here, "");
         details.firstPay = dateIn(first_pay, here);
         details.firstPeriodEnd = dateIn(first_period_end, here);

@@ -77,15 +77,21 @@ enum {
     LEDGERWICK_CLOSED = 3420,        // a handle that was closed, or never opened
     LEDGERWICK_NOT_UTF8 = 20001,     // a text that was handed in
     LEDGERWICK_WRONG_THREAD = 20002,  // a handle that another thread opened
-    LEDGERWICK_BAD_FILES = 20003      // files of an import with faults, a line for each
+    LEDGERWICK_BAD_FILES = 20005,     // files of an import with faults, a line for each
+    LEDGERWICK_NOT_A_COMPANY = 20006  // a file that is no database, or has none of the tables
 };
 
-// Longer texts are cut, never within a character.
+// Longer texts are cut, never within a character. No text holds a statement of the database.
 typedef struct ledgerwick_error {
     int32_t number;          // as the call returned it
     char source[128];        // the part of the library, or the field, where it failed
     char description[2048];  // for people
 } ledgerwick_error;
+
+// The row at which the last call of this thread that failed had stood: its table, its key and the
+// field; NULL and 0 for what is not known. The texts stay valid until the next call of the thread.
+LEDGERWICK_C_API int32_t ledgerwick_error_row(const char** table, int64_t* key, const char** field,
+                                              ledgerwick_error* error);
 
 // How often an employee is paid.
 enum {
@@ -136,7 +142,7 @@ typedef struct ledgerwick_options {
 
 // Opens a company. Nothing is loaded yet. The library reads no clock: `today` is what the caller
 // says.
-// Errors: 53 when there is no such file; those of the database.
+// Errors: 53 when there is no such file, 20006 for one that holds no company; those of the database.
 LEDGERWICK_C_API int32_t ledgerwick_session_open(const char* path, ledgerwick_date today,
                                                  const ledgerwick_options* options,
                                                  ledgerwick_session** session,
@@ -163,6 +169,16 @@ LEDGERWICK_C_API int32_t ledgerwick_get_parameter(ledgerwick_session* session, c
 // Sets a named setting, and adds one that is not there.
 LEDGERWICK_C_API int32_t ledgerwick_set_parameter(ledgerwick_session* session, const char* name,
                                                   const char* value, ledgerwick_error* error);
+
+// Until `ledgerwick_transaction_end` nothing that this session writes is stored for good, and no
+// other program writes. One at a time.
+// Errors: 5 when one has begun, or has not.
+LEDGERWICK_C_API int32_t ledgerwick_transaction_begin(ledgerwick_session* session,
+                                                      ledgerwick_error* error);
+// Stores what was written, or with `keep` 0 takes all of it back; the employees, where some were
+// loaded, are then loaded again. When it fails nothing was stored.
+LEDGERWICK_C_API int32_t ledgerwick_transaction_end(ledgerwick_session* session, int32_t keep,
+                                                    ledgerwick_error* error);
 
 // ---- a company as files -------------------------------------------------------------------------
 
@@ -334,6 +350,12 @@ LEDGERWICK_C_API int32_t ledgerwick_row_new(ledgerwick_session* session, const c
 LEDGERWICK_C_API int32_t ledgerwick_row_open(ledgerwick_session* session, const char* table,
                                              int64_t key, ledgerwick_row** row,
                                              ledgerwick_error* error);
+// As above with the fields named in `fields` ("PRPPeriodPay,PRPStatus") and no others, which is
+// quicker for one who writes many rows.
+// Errors: as above; 3265 for an unknown field.
+LEDGERWICK_C_API int32_t ledgerwick_row_open_fields(ledgerwick_session* session, const char* table,
+                                                    int64_t key, const char* fields,
+                                                    ledgerwick_row** row, ledgerwick_error* error);
 // What the row held when it was opened or stored last, with what was set since.
 LEDGERWICK_C_API int32_t ledgerwick_row_kind(ledgerwick_row* row, const char* field, int32_t* kind,
                                              ledgerwick_error* error);

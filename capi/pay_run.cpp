@@ -122,6 +122,10 @@ std::unique_ptr<Table> fillMissing(Session& session) {
 
 void importPay(Session& session, std::int32_t naid, Currency value) {
     session.employee(naid);
+    // The table keeps a number; one that does not come back as the same amount would stop the run.
+    if (Currency::fromDouble(value.toDouble(), here) != value) {
+        raise(LEDGERWICK_OVERFLOW, "ledgerwick_import_pay", "the amount is too large");
+    }
     session.database().inTransaction([&] {
         if (session.database().tableExists("PRPayImport")) {
             session.database().Execute(
@@ -148,7 +152,7 @@ std::int32_t ledgerwick_next_pay_date(ledgerwick_session* session, std::int32_t 
     return call(error, [&] {
         bool nobody = false;
         const Date found = sessionIn(session).payroll().C_Next_Expected_Pay_Date(
-            &nobody, frequencyIn(frequency, true), highest != 0, scheme);
+            &nobody, frequencyIn(frequency, true), flagIn(highest, here), scheme);
         give(date, dateOut(found));
         give(none, nobody);
     });

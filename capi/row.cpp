@@ -54,15 +54,41 @@ std::int32_t kindOfDeclared(VariantKind declared) {
     return declared == VariantKind::Empty ? std::int32_t{LEDGERWICK_DOUBLE} : kindOf(declared);
 }
 
+// Imported pay has a table only while there is some.
+bool isMissing(Session& session, const TableName& table) {
+    return !session.database().tableExists(table.name);
+}
+struct FieldOf {
+    std::string name;
+    std::int32_t kind;
+};
+std::vector<FieldOf> fieldsOf(Session& session, const TableName& table) {
+    if (isMissing(session, table)) {
+        return {{"PRPINAID", LEDGERWICK_INTEGER}, {"PRPIPay", LEDGERWICK_DOUBLE}};
+    }
+    const auto rows =
+        session.database().OpenRecordset(selectWhere(table, "False"), RecordsetType::Snapshot);
+    const auto& set = dynamic_cast<const sqlite::SqliteRecordset&>(*rows);
+    std::vector<FieldOf> fields;
+    for (std::size_t i = 0; i < set.fieldCount(); ++i) {
+        fields.push_back({std::string(set.fieldName(i)), kindOfDeclared(set.fieldKind(i))});
+    }
+    return fields;
+}
+
 class Row : public Held {
   public:
-    // The row of a key, or a new one.
-    Row(Token session, const TableName& table, std::optional<std::int64_t> key)
-        : session_(session), table_(table), isNew_(!key) {
+    // The row of a key, or a new one; with `fields` those alone.
+    Row(Token session, const TableName& table, std::optional<std::int64_t> key,
+        const char* fields = nullptr)
+        : session_(session), table_(table), key_(key), isNew_(!key) {
+        mark();
+        Session& company = sessionIn(session);
         const std::string condition =
             key ? std::string(table.key) + " = " + std::to_string(*key) : "False";
-        row_ = sessionIn(session).database().OpenRecordset(selectWhere(table, condition),
-                                                           RecordsetType::Dynaset);
+        row_ = company.database().OpenRecordset("SELECT " + chosen(company, fields) + " FROM " +
+                                                    std::string(table.name) + " WHERE " + condition,
+                                                RecordsetType::Dynaset);
         if (key && row_->Eof()) {
             raise(LEDGERWICK_NO_SUCH_ROW, here,
                   std::string(table.name) + " has no row " + std::to_string(*key));
@@ -71,14 +97,17 @@ class Row : public Held {
     }
 
     Variant value(const char* field) {
+        mark(field);
         sessionIn(session_);  // fails once it is closed
         return row_->Value(textIn(field, here));
     }
     void value(const char* field, const Variant& value) {
+        mark(field);
         sessionIn(session_);
         row_->Value(textIn(field, here), value);
     }
     std::int64_t store() {
+        mark();
         Session& session = sessionIn(session_);
         row_->Update();
         if (table_.name == "PRYearEnds") session.host().state().ReloadYearEnds();
@@ -86,9 +115,11 @@ class Row : public Held {
         isNew_ = false;
         row_->Edit();
         if (table_.key == "0") return 0;
-        return row_->Value(table_.key).toInt64(here);
+        key_ = row_->Value(table_.key).toInt64(here);
+        return *key_;
     }
     std::int32_t kindOfField(const char* field) {
+        mark(field);
         const std::string name = textIn(field, here);
         sessionIn(session_);
         const auto& set = dynamic_cast<const sqlite::SqliteRecordset&>(*row_);
@@ -104,8 +135,25 @@ class Row : public Held {
     }
 
   private:
+    void mark(const char* field = nullptr) {
+        rowAtHand() = {std::string(table_.name), key_.value_or(0), field ? field : ""};
+    }
+    std::string chosen(Session& company, const char* fields) const {
+        if (!fields) return "*";
+        auto& names = company.fieldNames(table_.name);
+        if (names.empty()) {
+            for (const FieldOf& field : fieldsOf(company, table_)) names.push_back(field.name);
+        }
+        std::string list = table_.key == "0" ? "" : std::string(table_.key);
+        for (const std::string& name : chosenNames(fields, names)) {
+            if (name != table_.key) list += (list.empty() ? "" : ", ") + name;
+        }
+        return list;
+    }
+
     Token session_;
     const TableName& table_;
+    std::optional<std::int64_t> key_;
     bool isNew_;
     RecordsetRef row_;
     std::string text_;
@@ -142,28 +190,6 @@ std::string conditionOf(const TableName& table, const Selection& which) {
     return "True" + condition(table, table.employee, "an employee", equals(which.naid)) +
            condition(table, table.year, "a payroll year", equals(which.year)) +
            condition(table, table.day, "a day", since);
-}
-
-// Imported pay has a table only while there is some.
-bool isMissing(Session& session, const TableName& table) {
-    return !session.database().tableExists(table.name);
-}
-struct FieldOf {
-    std::string name;
-    std::int32_t kind;
-};
-std::vector<FieldOf> fieldsOf(Session& session, const TableName& table) {
-    if (isMissing(session, table)) {
-        return {{"PRPINAID", LEDGERWICK_INTEGER}, {"PRPIPay", LEDGERWICK_DOUBLE}};
-    }
-    const auto rows =
-        session.database().OpenRecordset(selectWhere(table, "False"), RecordsetType::Snapshot);
-    const auto& set = dynamic_cast<const sqlite::SqliteRecordset&>(*rows);
-    std::vector<FieldOf> fields;
-    for (std::size_t i = 0; i < set.fieldCount(); ++i) {
-        fields.push_back({std::string(set.fieldName(i)), kindOfDeclared(set.fieldKind(i))});
-    }
-    return fields;
 }
 
 std::unique_ptr<Table> someRows(Session& session, const TableName& table, const Selection& which) {
@@ -252,6 +278,16 @@ std::int32_t ledgerwick_row_open(ledgerwick_session* session, const char* table,
     return call(error, [&] {
         needHandle(row, here);
         giveHandle(row, std::make_unique<Row>(tokenOf(session), tableNamed(table, true), key));
+    });
+}
+
+std::int32_t ledgerwick_row_open_fields(ledgerwick_session* session, const char* table,
+                                        std::int64_t key, const char* fields, ledgerwick_row** row,
+                                        ledgerwick_error* error) {
+    return call(error, [&] {
+        needHandle(row, here);
+        giveHandle(row,
+                   std::make_unique<Row>(tokenOf(session), tableNamed(table, true), key, fields));
     });
 }
 

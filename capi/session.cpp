@@ -14,6 +14,7 @@ namespace ledgerwick::c {
 namespace {
 
 constexpr std::string_view opening = "ledgerwick_session_open";
+constexpr std::string_view transaction = "ledgerwick_transaction";
 constexpr std::string_view creating = "ledgerwick_company_create";
 
 // The caller's options, of which an older program knows fewer.
@@ -36,7 +37,7 @@ sqlite::OpenOptions openOptions(const ledgerwick_options& options) {
     if (options.busy_timeout > 0) {
         open.busyTimeout = std::chrono::milliseconds(options.busy_timeout);
     }
-    open.readOnly = options.read_only != 0 || options.as_of != 0;
+    open.readOnly = flagIn(options.read_only, opening) || options.as_of != 0;
     return open;
 }
 
@@ -82,7 +83,18 @@ std::shared_ptr<sqlite::SqliteDatabase> openExisting(const std::string& path,
     if (!std::filesystem::is_regular_file(path)) {
         raise(LEDGERWICK_NO_SUCH_FILE, opening, path);
     }
-    return sqlite::SqliteDatabase::open(path, options);
+    std::shared_ptr<sqlite::SqliteDatabase> database;
+    try {
+        database = sqlite::SqliteDatabase::open(path, options);
+        if (!database->tableExists("PRControl")) database = nullptr;
+    } catch (const Error& failure) {
+        if (failure.Description().find("not a database") == std::string::npos) throw;
+    }
+    if (!database) {
+        throw Error(LEDGERWICK_NOT_A_COMPANY, std::string(opening),
+                    path + " holds no company; ledgerwick_company_create makes one");
+    }
+    return database;
 }
 
 }  // namespace
@@ -93,6 +105,32 @@ Session::Session(const std::string& path, Date today, const sqlite::OpenOptions&
     if (asOf.isSet()) history::showAsOf(*database_, asOf);
     settings.messages = [this](const std::string&, const std::string& text) { message_ = text; };
     host_ = std::make_unique<HostSession>(database_, today, std::move(settings));
+}
+
+void Session::beginTransaction() {
+    if (inTransaction_) raise(LEDGERWICK_INVALID_CALL, transaction, "one has begun already");
+    database_->exec("BEGIN IMMEDIATE");
+    inTransaction_ = true;
+}
+
+void Session::endTransaction(bool keep) {
+    if (!inTransaction_) raise(LEDGERWICK_INVALID_CALL, transaction, "none has begun");
+    inTransaction_ = false;
+    try {
+        if (keep) return database_->exec("COMMIT");
+    } catch (...) {
+        takeBack();
+        throw;
+    }
+    takeBack();
+}
+
+// What is in memory follows.
+void Session::takeBack() {
+    database_->exec("ROLLBACK");
+    host_->parameters().Reload();
+    host_->state().ReloadYearEnds();
+    if (list().EmployeeCount() > 0) office::loadEmployed(*host_);
 }
 
 std::shared_ptr<cEmployee> Session::employee(std::int32_t naid) {
@@ -141,6 +179,15 @@ std::int32_t ledgerwick_session_open(const char* path, ledgerwick_date today,
 
 std::int32_t ledgerwick_session_close(ledgerwick_session* session, ledgerwick_error* error) {
     return call(error, [&] { close<Session>(session, "session"); });
+}
+
+std::int32_t ledgerwick_transaction_begin(ledgerwick_session* session, ledgerwick_error* error) {
+    return call(error, [&] { sessionIn(session).beginTransaction(); });
+}
+
+std::int32_t ledgerwick_transaction_end(ledgerwick_session* session, std::int32_t keep,
+                                        ledgerwick_error* error) {
+    return call(error, [&] { sessionIn(session).endTransaction(flagIn(keep, transaction)); });
 }
 
 std::int32_t ledgerwick_set_today(ledgerwick_session* session, ledgerwick_date today,

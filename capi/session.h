@@ -1,8 +1,11 @@
 // An open company behind a session handle.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "capi/call.h"
 #include "hostkit/office/pay_run.h"
@@ -26,6 +29,11 @@ class Session : public Held {
     CPayrollFunctions& payroll() noexcept { return host_->payroll(); }
     CEmployeeList& list() noexcept { return host_->list(); }
 
+    // A transaction that goes on from call to call.
+    // Errors: 5 when one has begun, or has not.
+    void beginTransaction();
+    void endTransaction(bool keep);
+
     // Errors: 91 for an unknown employee.
     std::shared_ptr<cEmployee> employee(std::int32_t naid);
     // Runs what the library answers with False and a message instead of an error.
@@ -36,6 +44,8 @@ class Session : public Held {
         work();
         if (!message_.empty()) raise(error_number::databaseError, source, message_);
     }
+    // What was asked before of a table's fields; empty the first time.
+    std::vector<std::string>& fieldNames(std::string_view table) { return fields_[table]; }
     // Keeps a text for the caller until the next one.
     const char* keepText(std::string text) {
         text_ = std::move(text);
@@ -43,6 +53,10 @@ class Session : public Held {
     }
 
   private:
+    void takeBack();
+
+    bool inTransaction_ = false;
+    std::map<std::string_view, std::vector<std::string>> fields_;
     std::string message_;
     std::string text_;
     std::shared_ptr<sqlite::SqliteDatabase> database_;

@@ -142,6 +142,9 @@ TEST_F(CInterface, TellsWrongArguments) {
              return ledgerwick_employment_add(session_, 1, today, 0, 0, nullptr, 0, 0, nullptr, e);
          }},
         {5, "cannot end", [&] { return ledgerwick_employment_end(session_, 1, 20150101, e); }},
+        {5, "0 or 1, not 2",
+         [&] { return ledgerwick_next_pay_date(session_, -1, 2, 0, nullptr, nullptr, e); }},
+        {5, "none has begun", [&] { return ledgerwick_transaction_end(session_, 1, e); }},
         {5, "letter 9", [&] { return ledgerwick_ae_letter(session_, 1, 9, nullptr, e); }},
         {53, "Enrolment.txt", [&] { return ledgerwick_ae_letter(session_, 1, 1, nullptr, e); }},
     };

@@ -167,7 +167,57 @@ class Company(unittest.TestCase):
                 work(value)
         self.refused(91, self.company.employee, 0)  # not the first of all
         told = self.refused(6, details, PREGroup=1 << 40)
-        self.assertEqual(str(told), "Error 6 in PREGroup: Overflow")
+        self.assertEqual(str(told), "Error 6 in PREGroup: Overflow (PREmployeeDetails 1)")
+        self.assertEqual((told.table, told.key, told.field), ("PREmployeeDetails", 1, "PREGroup"))
+        largest = Decimal("922337203685477.5807")  # which a number of the database does not hold
+        self.refused(6, self.company.import_pay, 1, largest)
+        self.company.load_imported()  # and nobody's run stops at it
+
+    def test_failures_say_by_their_class_what_to_do(self):
+        company = self.company
+        (self.folder / "notes.db").write_text("no database")
+        with closing(sqlite3.connect(self.folder / "other.db")) as other, other:
+            other.execute("CREATE TABLE Notes (Text)")
+        opened = lambda name: Session(self.folder / name, TODAY)
+        for kind, base, work in (
+            (ledgerwick.UnknownEmployee, LookupError, lambda: company.employee(99)),
+            (ledgerwick.UnknownRow, LookupError, lambda: company.update("PRPay", 99, PRPStatus=1)),
+            (ledgerwick.UnknownName, LookupError, lambda: company.insert("PRPay", Salary=1)),
+            (ledgerwick.InvalidValue, ValueError, lambda: company.tax_week_end(40000)),
+            (ledgerwick.NotAllowed, LedgerwickError, lambda: ledgerwick.create_company("c.db", 1999)),
+            (ledgerwick.FileNotThere, FileNotFoundError, lambda: opened("none.db")),
+            (ledgerwick.FileThere, FileExistsError,
+             lambda: ledgerwick.create_company(self.path, 2016)),
+            (ledgerwick.NotACompany, LedgerwickError, lambda: opened("notes.db")),
+            (ledgerwick.NotACompany, LedgerwickError, lambda: opened("other.db")),
+        ):
+            with self.assertRaises(kind) as raised:
+                work()
+            self.assertIsInstance(raised.exception, base)
+            self.assertIsInstance(raised.exception, LedgerwickError)
+            self.assertNotIn("SELECT", str(raised.exception))
+
+    def test_a_transaction_stores_all_or_nothing(self):
+        company = self.company
+        rate = lambda: [row.period_rate for row in company.employees()]
+        before = rate(), company.parameter("PRNExpD_M1")
+        with self.assertRaises(ZeroDivisionError):
+            with company.transaction():
+                company.update_many("PREmployeeDetails", {
+                    naid: {"PREStdPeriodRate": Decimal(naid)} for naid in (1, 2)})
+                company.load()
+                company.set_parameter("PRNExpD_M1", 25)
+                self.assertEqual(rate(), [1, 2])
+                self.refused(5, company.transaction().__enter__)
+                1 / 0
+        self.assertEqual((rate(), company.parameter("PRNExpD_M1")), before)
+        with self.assertRaises(LookupError):
+            company.update_many("PREmployeeDetails", {1: {"PREGroup": 7}, 99: {"PREGroup": 7}})
+        company.insert_many("UoM", [{"UoMCode": "ea"}, {"UoMCode": "kg"}])
+        with closing(sqlite3.connect(self.path)) as other:  # as another program sees it
+            self.assertEqual(other.execute("SELECT Max(PREGroup) FROM PREmployeeDetails").fetchone(),
+                             (0,))
+            self.assertEqual(other.execute("SELECT Count(*) FROM UoM").fetchone(), (2,))
 
     def test_a_session_belongs_to_its_thread_and_ends_with_close(self):
         other = []

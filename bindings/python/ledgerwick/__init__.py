@@ -9,14 +9,33 @@
         company.close_run(due)
 
 Dates are `datetime.date`, and None where the payroll has none; money is `decimal.Decimal`. What the
-library refuses is a `LedgerwickError` with number, source and description. A session belongs to the
+library refuses is a `LedgerwickError` of a class that says what to do. A session belongs to the
 thread that opened it.
 """
 
-from ._library import LedgerwickError
+from .errors import (
+    BadFiles,
+    Busy,
+    Changed,
+    Closed,
+    DatabaseFailure,
+    FileNotThere,
+    FileThere,
+    InvalidValue,
+    LedgerwickError,
+    NotACompany,
+    NotAllowed,
+    NotLoaded,
+    ReadOnly,
+    UnknownEmployee,
+    UnknownName,
+    UnknownRow,
+    WrongThread,
+)
 from .session import (
     Due,
     PayPeriod,
+    Run,
     Session,
     TaxDate,
     create_company,
@@ -30,17 +49,34 @@ from .values import Durability, Frequency, Letter
 __version__ = "1.0.0"
 
 __all__ = [
-    "__version__",
+    "BadFiles",
+    "Busy",
+    "Changed",
+    "Closed",
+    "DatabaseFailure",
     "Due",
     "Durability",
+    "FileNotThere",
+    "FileThere",
     "Frequency",
+    "InvalidValue",
     "LedgerwickError",
     "Letter",
+    "NotACompany",
+    "NotAllowed",
+    "NotLoaded",
     "PayPeriod",
+    "ReadOnly",
     "Row",
+    "Run",
     "Session",
     "Table",
     "TaxDate",
+    "UnknownEmployee",
+    "UnknownName",
+    "UnknownRow",
+    "WrongThread",
+    "__version__",
     "create_company",
     "pay_period",
     "tax_date",

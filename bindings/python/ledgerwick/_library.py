@@ -6,25 +6,13 @@ import ctypes
 import ctypes.util
 import os
 from pathlib import Path
-from typing import Any, Dict, Iterator, List, Tuple
+from typing import Any, Dict, Iterator, List, Optional, Tuple
 
+from .errors import LedgerwickError, error_of
 from .values import flag, whole
 
 _ABI = 1
 _FILE = "libledgerwick_c.so"
-
-
-class LedgerwickError(Exception):
-    """A failure of the library, of the database or of the call."""
-
-    def __init__(self, number: int, source: str, description: str) -> None:
-        super().__init__(number, source, description)
-        self.number = number
-        self.source = source
-        self.description = description
-
-    def __str__(self) -> str:
-        return f"Error {self.number} in {self.source}: {self.description}"
 
 
 class CError(ctypes.Structure):
@@ -124,9 +112,12 @@ _BITS = {"i": 31, "q": 63}
 
 # Every call of the library, without the error that is the last argument of each.
 CALLS = {
+    "error_row": "SQS",
     "company_create": "si",
     "session_open": "sioH",
     "session_close": "h",
+    "transaction_begin": "h",
+    "transaction_end": "hb",
     "set_today": "hi",
     "load": "h",
     "reload": "hi",
@@ -154,6 +145,7 @@ CALLS = {
     "fields": "hsH",
     "row_new": "hsH",
     "row_open": "hsqH",
+    "row_open_fields": "hsqsH",
     "row_kind": "hsI",
     "row_field_kind": "hsI",
     "row_integer": "hsQ",
@@ -293,11 +285,24 @@ def call(name: str, *arguments: Any) -> Tuple[Any, ...]:
             passed.append(flag(value) if kind == "b" else value)
     error = CError()
     if function(*passed, ctypes.byref(error)) != 0:
-        raise LedgerwickError(error.number, error.source.decode(), error.description.decode())
+        raise _failure(error)
     return tuple(
         output.value.decode() if isinstance(output.value, bytes) else output.value
         for output in outputs
     )
+
+
+def _failure(error: CError) -> LedgerwickError:
+    table, key, field = ctypes.c_char_p(), ctypes.c_int64(), ctypes.c_char_p()
+    LIBRARY.ledgerwick_error_row(
+        ctypes.byref(table), ctypes.byref(key), ctypes.byref(field), ctypes.byref(CError())
+    )
+    row = (_decoded(table.value), key.value, _decoded(field.value))
+    return error_of(error.number, error.source.decode(), error.description.decode(), row)
+
+
+def _decoded(value: Optional[bytes]) -> Optional[str]:
+    return None if value is None else value.decode("utf-8", "replace")
 
 
 def number(name: str, *arguments: Any) -> int:
