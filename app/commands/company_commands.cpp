@@ -26,7 +26,7 @@ void runNew(const Context& context, const CompanyOptions& options) {
     }
     office::layDownSettings(*exchange::openDatabaseFile(options.database), options.year);
     Report report;
-    report.say(options.database + " laid down for the tax year from 6 April " +
+    report.say(options.database + " created for the tax year from 6 April " +
                std::to_string(options.year) + ", payroll year " +
                std::to_string(options.year - 1999));
     context.show(report);

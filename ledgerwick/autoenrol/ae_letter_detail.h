@@ -30,10 +30,10 @@ namespace ledgerwick {
 // The host fills in the properties in any order and then asks for the texts. Statutory amounts and
 // ages are only printed here: the host supplies each value.
 //
-// A let with a placeholder beside it stores its value and, the first time only, lays down the text
-// that takes the placeholder's place: the letter shows the first value set, the get gives the last.
-// A placeholder whose property was never set stays in the letter. What there is of them, and how
-// each value is written, is the table in letter_template.h. Names that end in GBP_M, GBP_A
+// A let with a placeholder beside it stores its value. The first such let also fixes the text that
+// replaces the placeholder: the letter shows the first value set, the get returns the last. A
+// placeholder whose property was never set stays in the letter. The table in letter_template.h
+// lists the placeholders and how each value is written. Names that end in GBP_M, GBP_A
 // and GBP_W fill placeholders that end in £M, £A and £W: by month, by year, by week.
 //
 // Whole-number texts are rounded, an exact half away from zero.
@@ -102,8 +102,8 @@ class LEDGERWICK_API CAELetterDetail : public Object {
     // Adds a line at the end of the address.
     void AddAddressLine(const std::string& sLine);
     // The lines of the address.
-    // Shape:  parted by carriage return and line feed; empty lines at the start vanish, later ones
-    //         stay. Empty without lines.
+    // Shape:  separated by carriage return and line feed; empty lines at the start are dropped, later
+    //         ones stay. Empty without lines.
     std::string EmployeeAddress() const;
     // What kind of letter it is, which is also the template's file name without ".txt".
     // Shape:  "*** No Letter Type Set ***" for no type and for any unknown number.
@@ -119,7 +119,7 @@ class LEDGERWICK_API CAELetterDetail : public Object {
     std::string LetterText() const;
 
   private:
-    // Lays down the text in a placeholder's place, unless there is one.
+    // Fixes the text that replaces a placeholder, unless it is fixed already.
     void fill(LetterValue which, std::string text);
     void fill(LetterValue which, Currency value);
     void fill(LetterValue which, double value);

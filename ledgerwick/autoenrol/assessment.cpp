@@ -113,8 +113,8 @@ void countPayment(CAutoEnrolStatus& status, const CPayment& payment, Date payDat
     status.PenWorkplaceSchemeID(payment.PenWorkplaceSchemeID());
 }
 
-// Counts the payments of one employment in the order of their keys. All are visited, also behind
-// one that is dated too late.
+// Counts the payments of one employment in the order of their keys. It visits all of them,
+// even after one that is dated too late.
 // Returns whether one was dated too late, which ends the walk over the employments.
 bool countPayments(CAutoEnrolStatus& status, const PaymentsOfYear& payments, Date upTo,
                    bool periodUpdated) {
@@ -175,7 +175,7 @@ void cEmployee::LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayro
                 hasNew = true;
                 try {
                     bringIn(*this, lNAID, prtid, lPayrollYear);
-                } catch (...) {  // half of an employment is none
+                } catch (...) {  // a half-filled employment must not stay
                     if (ItemExists(key)) employments_.Remove(key);
                     throw;
                 }

@@ -32,7 +32,7 @@ class LEDGERWICK_API CAutoEnrolStatus : public Object {
     Property<std::string>  CurrentAssessChange;    // "Cur Change" once a pay record counts
     Property<std::string>  CurrentAssessCategory;  // "Cur Category" once a pay record counts
     Property<Date>         CurrentAssessDate;      // pay date of the last pay record that counts
-    Property<std::string>  PrevAssessCategory;     // the current category before that, with "*" behind it
+    Property<std::string>  PrevAssessCategory;     // the current category before that, followed by "*"
     Property<Date>         PrevAssessDate;         // the current date before that
     Property<std::string>  FirstAssessCategory;    // "First Cat" once a pay record counts
     Property<Date>         FirstAssessDate;        // pay date of the first pay record that counts

@@ -12,7 +12,7 @@ bool isTag(std::string_view text) noexcept {
     return true;
 }
 
-// The two digits behind the "_" of a tag.
+// The two digits after the "_" of a tag.
 int yearOfTag(std::string_view tag) noexcept {
     return (tag[7] - '0') * 10 + (tag[8] - '0');
 }

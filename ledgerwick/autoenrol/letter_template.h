@@ -64,19 +64,19 @@ constexpr const LetterPlaceholder& placeholderOf(LetterValue value) noexcept {
 // The tag in front of a year block; # is a digit.
 inline constexpr std::string_view yearTagPattern = "$Pre##_##Text$";
 
-// A tag and the block behind it: "$PreAA_BBText$[text]", for letters of payroll years before BB.
+// A tag and the block after it: "$PreAA_BBText$[text]", for letters of payroll years before BB.
 struct YearBlock {
     std::size_t begin;                         // of the tag
-    std::size_t end = std::string_view::npos;  // of the first "]" behind it, if there is one
+    std::size_t end = std::string_view::npos;  // of the first "]" after it, if there is one
     bool isOpened = false;                     // "[" follows the tag directly
     int beforeYear = 0;                        // BB; AA is not read
 
-    // Whether a letter works the block; it leaves any other as it is.
+    // Whether a letter treats the block; it leaves any other as it is.
     bool isSound() const noexcept { return isOpened && end != std::string_view::npos; }
 };
 
-// The first well-formed tag at or behind `from`, with its block. A letter works the first of the
-// text and no other.
+// The first well-formed tag at or after `from`, with its block. A letter treats the first tag of
+// the text and no other.
 // Errors: none.
 LEDGERWICK_API std::optional<YearBlock> findYearBlock(std::string_view text,
                                                       std::size_t from = 0) noexcept;

@@ -8,7 +8,7 @@
 namespace ledgerwick {
 namespace {
 
-// Open pay rows of the scheme are to be gone over again.
+// The open pay rows of the scheme must be worked on again.
 void clearVisitedMarks(Database& database, std::int32_t scheme) {
     database.Execute("UPDATE PRPay SET PRPHasBeenVisited = False WHERE (PRPPayrollYear = " +
                          std::to_string(DLLGlobal::currentPayrollYear()) +

@@ -16,7 +16,7 @@ constexpr int lastDayOfPreviousPayMonth = 5;
 constexpr std::int32_t lastDayOfLatePayMonth = 5;  // controllers up to here fall a month later
 constexpr std::int32_t lastSaturday = -7;
 
-// How many calendar months the date sought lies behind the month of `date`. [-2, 2]
+// How many calendar months after the month of `date` the result lies. [-2, 2]
 int monthsToMove(Date::Ymd date, std::int32_t controller, bool freqChange, bool reverse) {
     if (reverse && freqChange) {
         throw Error(9011, operation, std::string(operation) + " - Can't reverse and change Freq!");

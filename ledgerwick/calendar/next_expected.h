@@ -24,8 +24,8 @@ struct MonthlyRule {
     std::int32_t controller = 0;
     // The name of the parameter that holds the controller, for the message of error 9012.
     std::string_view parameter{};
-    // Tells the number of days in the calendar month of a date, for a controller above 0; without it
-    // the calendar's own number is taken.
+    // Returns the number of days in the calendar month of a date, for a controller above 0. Null:
+    // the calendar's own number.
     std::int16_t (*lengthOfMonth)(Date) = nullptr;
 };
 

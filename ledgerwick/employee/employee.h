@@ -46,14 +46,15 @@ class LEDGERWICK_API cEmployee : public Object {
     // Shape:  never empty: without one in force it is a blank record, the same at every read.
     std::shared_ptr<cEmployment> CurEmployment();
     // The latest employment that is not void.
-    // Shape:  an empty reference when there is none; `*bNotKnown` is then set, and else left alone.
+    // Shape:  an empty reference, with `*bNotKnown` set to True, when there is no such employment;
+    //         otherwise `*bNotKnown` is left alone.
     std::shared_ptr<cEmployment> MostRecentEmployment(bool* bNotKnown = nullptr);
-    // Its key, 0 when there is none.
+    // Its key; 0 without one.
     std::int32_t MostRecentEmploymentPRTID() const noexcept { return mostRecentPRTID_; }
     // The employment before the most recent one.
     // Shape:  as `MostRecentEmployment`.
     std::shared_ptr<cEmployment> PreviousEmployment(bool* bNotKnown = nullptr);
-    // Its key, 0 when there is none.
+    // Its key; 0 without one.
     std::int32_t PreviousEmploymentPRTID() const noexcept { return previousPRTID_; }
 
     // Adds an employment from the current row, at the end.

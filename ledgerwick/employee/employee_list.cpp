@@ -113,7 +113,7 @@ std::shared_ptr<cEmployee> CEmployeeList::CreateEmployee(Recordset& rsEmp) {
     if (!naidIndex_.insert(naid).second)
         raise(error_number::duplicateKey, "CEmployeeList.CreateEmployee");
 
-    // A number that is missing is told when it is read into its property.
+    // A missing number is an error later, where it is read into its property.
     if (rsEmp.IsNull(field::PRENINO)) return employee;
     const std::string nino(rsEmp.GetText(field::PRENINO));
     if (trim(nino).empty()) return employee;

@@ -26,8 +26,8 @@ namespace ledgerwick {
 
 // Owns its employees in the order of the load; the key of an employee is its NAID as a decimal
 // string. Look-ups never fail: `Exists...` answer False and `Get...` an empty reference, for
-// whatever argument. A load that fails leaves the list as far as it came; `Clear` and a new load is
-// the way back. Objects taken from the list before a reload no longer reflect the store.
+// whatever argument. A load that fails leaves what it had loaded; call `Clear` and load
+// again. Objects taken from the list before a reload no longer reflect the store.
 class LEDGERWICK_API CEmployeeList : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "CEmployeeList"; }
@@ -39,13 +39,13 @@ class LEDGERWICK_API CEmployeeList : public Object {
     Collection<std::shared_ptr<cEmployee>>& Employees() noexcept { return employees_; }
 
     // Adds all employees of the store with their employments and pay, and works out their flags.
-    // Always False. A list that was filled before is to be cleared first.
+    // Always False. Clear a list that was filled before.
     // Shape:  `lblProgress` is a `Label`, kept for later loads; any other object, or none,
     //         leaves the label kept before. Without a label the captions go nowhere.
     // Errors: those of the database; 94 for a Null where a value is read, 457 for a list that was
     //         not cleared, 3265 for a pay row of an unknown employment and 91 for one of an unknown
-    //         employee. The list stays as far as it came: employees in order, then pay rows, then
-    //         flags.
+    //         employee. The list keeps what was loaded by then: employees in order, then pay rows,
+    //         then flags.
     bool LoadEmployees(const ObjectRef& lblProgress = nullptr);
     // Replaces one employee from the store, at the end of the list. Always False. An employee
     // without employments is only removed.
@@ -53,8 +53,8 @@ class LEDGERWICK_API CEmployeeList : public Object {
     //         loads the employee whole.
     bool ReLoadEmployee(std::int32_t lNAID);
 
-    // Puts an object of the host's into the collection, in place of the one under that key. No
-    // look-up by NAID or number knows it.
+    // Puts an object of the host's into the collection and removes the one that had its key. Look-ups
+    // by NAID or number do not find it.
     // Shape:  `key` is a text, or Empty for none; `Before` and `After` are a key or a position.
     // Errors: 91 for an empty reference; 13 for a key of another kind, 3265 or 9 for a neighbour
     //         that is not there, 5 when both are given: what stood under the key is then gone.

@@ -105,7 +105,7 @@ std::int32_t CPayrollFunctions::PR_EmploymentsAddInfo_Add(const Variant& varArrI
     } catch (const std::exception& error) {
         throw Error(error_number::invalidCall, source, error.what());
     } catch (...) {
-        throw Error(error_number::invalidCall, source, "A failure that tells nothing of itself");
+        throw Error(error_number::invalidCall, source, "An unknown failure");
     }
 }
 

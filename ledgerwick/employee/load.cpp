@@ -123,7 +123,7 @@ void followEmployment(const cEmployment& prev, cEmployment& next) {
 
 // ---- the rows of one employee -------------------------------------------------------------------
 
-// The name for the caption; one that is missing is told when it is read into its property.
+// The name for the caption. A missing one is an error later, where it is read into its property.
 std::string nameIn(Recordset& rs) {
     return rs.IsNull(field::NABusName) ? std::string() : std::string(rs.GetText(field::NABusName));
 }

@@ -14,11 +14,11 @@ namespace ledgerwick::load {
 LEDGERWICK_API FieldList employeeFields();
 
 // The earliest start of an employment in the store.
-// Errors: 94 when there is none.
+// Errors: 94 for a store without employments.
 LEDGERWICK_API Date earliestStart();
 
-// Adds the employment of the row behind `prev`, the employee's employment before it or an empty
-// reference, and works out how it follows from that one.
+// Adds the employment of the current row, and works out how it follows `prev`, the employee's
+// employment before it or an empty reference.
 // Errors: those of `cEmployee::AddEmployment` and of reading a field; the employment is then added.
 LEDGERWICK_API std::shared_ptr<cEmployment> addEmploymentRow(
     cEmployee& employee, const std::shared_ptr<cEmployment>& prev, Date minStart, Recordset& rs);

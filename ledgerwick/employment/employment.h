@@ -1,4 +1,4 @@
-// One employment of an employee in one payroll year, and what its pay rows tell about it.
+// One employment of an employee in one payroll year, and what its pay rows say about it.
 //
 // An employee who stays on past a year end has one cEmployment per payroll year; one who leaves and
 // returns within a year has several in that year, with rising EmployCount. The load makes the
@@ -42,7 +42,7 @@ using PaymentsOfYear = Dictionary<std::int32_t, std::shared_ptr<CPayment>>;
 // object has every number 0, every boolean False, every string empty and every variant Empty. Of
 // all members only the lets of `NExpPayDate` and `NExpEPEDate` and `UpdateImportedEarnings` write
 // to the database. An operation that fails on a Null (94) or on a value that does not fit (6, 13)
-// leaves standing what it had moved until then.
+// keeps what it had changed by then.
 class LEDGERWICK_API cEmployment : public Object {
   public:
     std::string_view TypeName() const noexcept override { return "cEmployment"; }
@@ -74,7 +74,7 @@ class LEDGERWICK_API cEmployment : public Object {
     // The live store by key, not a copy. The library puts nothing in it; a host may.
     std::shared_ptr<PaymentsByKey> GetPayments();
     // The payment of that year, week and day in the store.
-    // Shape:  a new blank record when there is none.
+    // Shape:  a new blank record when the store has no such payment.
     std::shared_ptr<CPayment> GetPayment(std::int32_t lPayrollYear, std::int32_t lWeekNo,
                                          Date dtPayDate);
     // Whether the payments of that year are in memory.
@@ -107,9 +107,9 @@ class LEDGERWICK_API cEmployment : public Object {
     Property<PR_EmpType>   EmpType;         // regular or casual
     // clang-format on
 
-    // The next expected pay date. The let writes it to the last closed pay row; only when that
-    // worked does it keep the date and calculate the expected pay reference periods anew. The date
-    // that it already holds is not written.
+    // The next expected pay date. The let writes it to the last closed pay row. When that worked,
+    // it keeps the date and calculates the expected pay reference periods again. It does not write
+    // the date that it already holds.
     // Errors: those of `CalcExpPRP`, the row and the date being changed by then.
     Date NExpPayDate() const noexcept { return nExpPayDate_; }
     void NExpPayDate(Date dtNExpPayDate);
@@ -143,7 +143,7 @@ class LEDGERWICK_API cEmployment : public Object {
     // clang-format on
 
     // The next expected end of pay period. The let writes it to the last closed pay row, and keeps
-    // it only when that worked. The date that it already holds is not written.
+    // it only when that worked. It does not write the date that it already holds.
     Date NExpEPEDate() const noexcept { return nExpEPEDate_; }
     void NExpEPEDate(Date dtNExpEPEDate);
 
@@ -183,7 +183,7 @@ class LEDGERWICK_API cEmployment : public Object {
     // Errors: those of reading a field; the line is then partly filled.
     void AddImportedEarnings(Recordset& rsPay);
     // Whether checked lines were earned from `dEPSDate` to the end of the day `dEPEDate`.
-    // Shape:  `curValue` is their sum; `bHasUnchecked` tells of unchecked lines in the period.
+    // Shape:  `curValue` is their sum; `bHasUnchecked`: the period has unchecked lines.
     bool HasImportedEarnings(Date dEPSDate, Date dEPEDate, Currency& curValue,
                              bool* bHasUnchecked = nullptr) const;
     // Moves the checked lines of the period up to a status, in the store and in memory; lines at or

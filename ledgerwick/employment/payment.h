@@ -43,8 +43,8 @@ class LEDGERWICK_API CPayment : public Object {
 };
 
 // How often a pay row with that `PRPPaymentPeriod` is paid.
-// Shape:  a PR_Pay_Freq value; the periods 5 and 3, which have no frequency of their own, are told
-//         to the host as -10 and -11.
+// Shape:  a PR_Pay_Freq value; -10 and -11 for the periods 5 and 3, which have no frequency of
+//         their own.
 // Errors: 9911 for an unknown period.
 std::int16_t payFrequencyOf(std::int16_t period);
 

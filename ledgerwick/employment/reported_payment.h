@@ -1,4 +1,4 @@
-// What stands behind `LastRTI` of an employment.
+// The value of `LastRTI` of an employment.
 #pragma once
 
 #include <array>

@@ -28,8 +28,8 @@ struct Uses {
 };
 constinit thread_local Uses uses;
 
-// At the end of a thread the uses go before the objects, so that an object which looks for another
-// in its destructor finds an empty reference.
+// At the end of a thread the uses are cleared before the objects, so that an object whose destructor
+// looks for another finds an empty reference.
 struct Held : References {
     Held() = default;
     Held(const Held&) = delete;
@@ -41,7 +41,7 @@ struct Held : References {
 };
 thread_local Held held;
 
-// What a host's object finds that outlives the thread's own, as one of static duration does.
+// What an object of the host finds that outlives the thread's references, such as a static one.
 const References& nothing() {
     static const auto* const none = new References;
     return *none;
@@ -52,7 +52,7 @@ void hold(ObjectRef References::*reference, ObjectRef object) noexcept {
     if (!uses.ended) (held.*reference).swap(object);
 }
 
-// The object that was held goes last: its destructor finds the new one in place.
+// The old object is destroyed last: its destructor finds the new one in place.
 template <class Interface>
 void hold(ObjectRef References::*reference, Use<Interface> Uses::*use, ObjectRef object) noexcept {
     if (uses.ended) return;

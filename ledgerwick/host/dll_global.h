@@ -15,7 +15,7 @@ class CEmployeeList;
 
 namespace DLLGlobal {
 
-// The object behind each reference, for its use.
+// The object that each reference holds, for use.
 // Errors: 91 while the reference is empty, 438 when the object held does not offer the members, with
 //         the reference's name as the source.
 

@@ -16,7 +16,7 @@ namespace ledgerwick {
 
 // Makes the object of the class named by `className`, which the caller deletes; a null pointer for
 // a class that the file does not have. `openDatabase` gives the database of the calling thread at
-// each use, with error 91 while there is none.
+// each use; error 91 while no database is open.
 using FernbankEntryPoint = Object*(const char* className, Database& (*openDatabase)());
 
 inline constexpr const char* fernbankEntryPoint = "FernbankCreateObject";
@@ -27,7 +27,7 @@ inline constexpr const char* fernbankDataAccess = "DAO_ADO_Functions";
 // Shape:  an empty reference when the file, its entry point or the class is missing, or fails.
 LEDGERWICK_API ObjectRef dataAccessFrom(const std::filesystem::path& folder) noexcept;
 
-// The folder of this library; empty when the system cannot tell it.
+// The folder of this library; empty when the system does not know it.
 std::filesystem::path componentFolder() noexcept;
 
 }  // namespace ledgerwick

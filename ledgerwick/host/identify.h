@@ -44,8 +44,8 @@ class LEDGERWICK_API Identify : public Object {
     void SetEmployeeList(ObjectRef oEmployeeList);  // the list, a `CEmployeeList`, before any load
 };
 
-// The private reference behind the member `identifyClass` of seven classes: empty until the first
-// read, which makes the object; later reads give the same one.
+// What the member `identifyClass` of seven classes returns. The first read creates the object;
+// later reads return the same one.
 class LEDGERWICK_API IdentifyHolder {
   public:
     Variant get();  // a Variant holding the `Identify`

@@ -45,8 +45,8 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     // ---- auto-enrolment tables (autoenrol/status_report.cpp, autoenrol/active_employees.cpp) ----
     // Of the regular active employees: those employed now and not casual.
 
-    // Where each of them stands in auto-enrolment by the pay records up to `dtDateUpTo`, as
-    // `cEmployee::GetAutoEnrolStatus` tells it.
+    // Where each of them stands in auto-enrolment by the pay records up to `dtDateUpTo`: the values of
+    // `cEmployee::GetAutoEnrolStatus`.
     // Shape:  21 fields, unsorted ("NameSort" is there to sort by), standing on the row stored
     //         last. `lNAID` below 1 is everybody; one who is not among them gives no rows.
     //         "EnrolledDate" is never filled, "Scheme" not for a scheme that does not exist.
@@ -73,7 +73,7 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     // Errors: none of its own.
     Date C_Last_Expected_Pay_Date(bool* bNone = nullptr, std::int32_t iWPenScheme = 0);
     // Counts what a pay run on `dDate` would bring in: employees due, and pay periods due. A weekly
-    // employee three weeks behind counts 1 and 3.
+    // employee who is owed three weeks counts 1 and 3.
     // Shape:  the result is always Empty; the figures travel in the outputs.
     // Errors: those of `C_Calc_Next_NExpDate`.
     Variant C_Count_for_Pay_Date(Date dDate, std::int32_t* lEmps = nullptr,
@@ -109,7 +109,7 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     // Opens a pay run, or opens it again: makes sure that every pay period due up to `dPayDateIn`
     // has one open pay row, brings each row into line with its employee, and hands the host one
     // column for each, in the order of the input screen. Rows left open by an earlier call are used
-    // again, in order, before any is added; a second call adds nothing.
+    // again, in order, before any is added, so that a second call adds no row.
     // Shape:  `lngFrequencyIn` negative, `lngSLGNoIn` (the group) 0 and `lngNAIDIn` 0 leave that
     //         choice open. `vRet` is an array (1 To 8, 1 To n), with n = 1 and all Empty when
     //         nothing is due: 1 NAID, 2 key of the pay row, 3 first and 4 last day of the period,
@@ -129,7 +129,7 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     // Shape:  `sStartDateIn` is ISO or day first ("2016-04-29", "29/4/2016", "29 April 2016").
     //         `vAddInfo` is Empty, or an array as `PR_EmploymentsAddInfo_Add` takes it; the
     //         caller's array is not changed.
-    // Errors: 10678, source "C_CreateNewEmploymentRecord", for a start date that is none, 3021 for
+    // Errors: 10678, source "C_CreateNewEmploymentRecord", for an invalid start date, 3021 for
     //         an employee without details: nothing is written. Those of
     //         `PR_EmploymentsAddInfo_Add`; the employment row stays.
     void C_CreateNewEmploymentRecord(std::int32_t lngNAIDIn, std::int32_t lngWeekNoLastPaidIn,
@@ -188,7 +188,7 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- next expected dates (calendar/payroll_calendar.cpp) ------------------------------------
 
-    // The expected date behind `dDate`, or with `bReverse` before it.
+    // The expected date after `dDate`, or with `bReverse` the one before it.
     // Shape:  casual steps a day, weekly codes so many weeks, and 13, 26 and 52 weeks for the
     //         longer ones. Monthly follows the rule in the parameter "PRNExpD_M1" (pay) or
     //         "PREPED_M1" (end of period): 0 the last day of the month, 1 to 31 that day, -1 to -7
@@ -240,7 +240,7 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- employment records, continued (employee/employment_records.cpp) ------------------------
 
-    // The day behind the last closed period of an employment, where the next earnings period
+    // The day after the last closed period of an employment, on which the next earnings period
     // begins.
     // Shape:  `lCurWeekNoIn` other than 0 looks only at rows of earlier weeks. The zero date
     //         without a closed row.
@@ -249,11 +249,11 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- closing a pay run (payrun/period_update.cpp) -------------------------------------------
 
-    // Withdraws the visited mark from the employee's open rows, and tells whether that was done.
+    // Withdraws the visited mark from the employee's open rows. True when that worked.
     // Errors: none; a failure is shown through the host's critical message and gives False.
     bool C_Reset_HasBeenVisited(std::int32_t lNAID);
     // Closes the employee's open rows with a pay date up to `dPayDateIn`, whatever their year. For
-    // monthly and longer periods the last of them also gets its two look-ahead dates anew, by the
+    // monthly and longer periods the last of them also gets new look-ahead dates, by the
     // pay-day rules of this moment. The objects in memory follow at the next load of the employee.
     // Errors: 91 for an unknown employee; otherwise those of the calendar. Rows closed by then stay
     //         closed; load the employee again before the call is repeated.
@@ -262,8 +262,8 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     // ---- missing periods (payrun/missing_periods.cpp) -------------------------------------------
 
     // Adds an empty closed row, with the late-reporting reason "H", for each period that is missing
-    // between two closed rows of one employment in the current payroll year. A second call adds
-    // nothing.
+    // between two closed rows of one employment in the current payroll year. Repeating the call
+    // adds no row.
     // Shape:  the result is always Empty. Only regular employments of the employee's present count.
     // Errors: those of the calendar; rows added by then stay, and a repeated call completes the
     //         work.
@@ -276,7 +276,7 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     // Shape:  `vDates` becomes an array (1 To 2) of the first and the last day.
     // Errors: 9909, source "AECalcR_PRP", for any other pay period code; `vDates` stays.
     void AECalcR_PRP(Date dDate, std::int32_t lPayPeriodIn, Variant& vDates);
-    // The last day of the pay reference period behind a pay date: that of the employee's latest
+    // The last day of the pay reference period of a pay date: that of the employee's latest
     // expected pay date up to `dPayDateIn`, or of the next expected one when that lies later.
     // Errors: 91 for an unknown employee, 9909 for one of casual frequency.
     Date PR_End_of_PRP_for_PayDate(std::int32_t lNAIDIn, Date dPayDateIn);
@@ -287,8 +287,8 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // ---- employment records, continued (employee/employment_records.cpp) ------------------------
 
-    // The highest key of an employment's pay rows reported up to a day, closed or not.
-    // Errors: 94 when there is none.
+    // The highest key among an employment's pay rows that are reported up to a day, closed or not.
+    // Errors: 94 without such a row.
     std::int32_t Max_PRPID_From_PayDate(std::int32_t lYearIn, std::int32_t lNAIDIn,
                                         std::int32_t lEmployCountIn, Date dRTIPayDateIn);
     // Whether another employee of the list has the identifier `lIDIn` as `OtherID`.
@@ -303,7 +303,7 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
 
     // Adds a row to `rsPay` and stands on it: whose it is, which year, employment and set of
     // calculations, and the employee's standing pay items, which later preparations leave alone. A
-    // starting row gets the three dates in place of the items.
+    // starting row gets the three dates instead of the items.
     // Errors: 3021 for an employee without details; those of the calculation set.
     void CreatePayRecord(Recordset& rsPay, std::int32_t lngWeekNoIn, Date dPayDateIn,
                          std::int32_t lngNAIDIn, bool bStartingRecord, bool bPeriodUpdated,

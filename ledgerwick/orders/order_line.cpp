@@ -15,8 +15,8 @@ std::string between(char before, std::string_view text, char after) {
 
 }  // namespace
 
-// "Apples (kg)" and "Apples kg" are both Apples when bought by the kg. What is taken out leaves no
-// blank behind.
+// "Apples (kg)" and "Apples kg" both become "Apples" when the unit is "kg". No blank stays where the
+// unit was.
 void CImportedEarnings::Desc(std::string_view sDesc) {
     const std::string unitInBrackets = between('(', UoPCode(), ')');
     const std::string unitAsWord = between(' ', UoPCode(), ' ');

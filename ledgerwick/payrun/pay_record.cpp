@@ -246,7 +246,7 @@ void writeWorkplacePension(Recordset& employee, Recordset& row) {
     }
 }
 
-// The user's reference, with the number of the employment behind it from the second one of a year:
+// The user's reference, followed by the number of the employment from the second one of a year on:
 // "SMI01", "SMI01/E002".
 std::string worksNumber(Recordset& employee, Recordset& row) {
     std::string number(employee.GetText(NAUserRef));

@@ -82,9 +82,9 @@ class LEDGERWICK_API Recordset : public Object {
     // Zero for a set without rows, else above zero; exact after `MoveLast`, and always exact for a
     // Dynaset.
     virtual std::int32_t RecordCount() = 0;
-    // Whether the set stands behind its last row.
+    // Whether the set stands after its last row.
     virtual bool Eof() = 0;
-    // Zero-based position of the current row; -1 when there is none.
+    // Zero-based position of the current row; -1 without one.
     virtual std::int32_t AbsolutePosition() = 0;
 
     // Goes to the first row.
@@ -92,9 +92,9 @@ class LEDGERWICK_API Recordset : public Object {
     virtual void MoveFirst() = 0;
     // Goes to the last row.
     virtual void MoveLast() = 0;
-    // Goes on one row; from the last row it goes behind it.
+    // Goes on one row; from the last row to the place after it.
     virtual void MoveNext() = 0;
-    // Goes back one row; from behind the last row it comes back to that.
+    // Goes back one row; from the place after the last row to that row.
     virtual void MovePrevious() = 0;
 
     // A field of the row in edit, else of the current row. Null is given as Null.
@@ -124,7 +124,7 @@ class LEDGERWICK_API Recordset : public Object {
     // Errors: 3420 from each later operation.
     virtual void Close() = 0;
 
-    // `Fields("PRPID").Value()`, for those who like it spelt so.
+    // Another way to write a read or a write: `Fields("PRPID").Value()`.
     Field Fields(const FieldName& name) { return {*this, name}; }
 
     // Typed reads, for a reader who knows what a field holds: no Variant is made on the way.
@@ -212,7 +212,7 @@ void inOneBatch(Database& database, Work&& work) {
     } catch (...) {
         try {
             database.EndBatch();
-        } catch (...) {  // the first failure is the one to tell
+        } catch (...) {  // the first failure is the one to report
         }
         throw;
     }

@@ -305,7 +305,7 @@ inline constexpr FieldName DSPurchUoM{249, "DSPurchUoM"};                   // 3
 inline constexpr FieldName UoMNo{250, "UoMNo"};                             // 32-bit integer, key
 inline constexpr FieldName UoMCode{251, "UoMCode"};                         // text, code
 
-// `PRPayImport`: a temporary table that the host lays down: one row per imported value.
+// `PRPayImport`: a temporary table that the host creates, one row per imported value.
 inline constexpr FieldName PRPINAID{252, "PRPINAID"};                       // 32-bit integer, the employee
 inline constexpr FieldName PRPIPay{253, "PRPIPay"};                         // number, the value imported
 

@@ -27,9 +27,9 @@ namespace ledgerwick {
 // Where `Add` puts a new item: at the end, or beside the item of a key or of a position from 1.
 struct Placement {
     std::string_view before{};        // key of the item that it goes before
-    std::string_view after{};         // key of the item that it goes behind
+    std::string_view after{};         // key of the item that it goes after
     std::int32_t beforePosition = 0;  // position of the item that it goes before
-    std::int32_t afterPosition = 0;   // position of the item that it goes behind
+    std::int32_t afterPosition = 0;   // position of the item that it goes after
 };
 
 // Keys are compared exactly. An item stays where it is in memory until it is removed.
@@ -39,9 +39,9 @@ class Collection {
     Collection() = default;
     Collection(const Collection&) = delete;
     Collection& operator=(const Collection&) = delete;
-    // Takes over the items; `other` is empty then.
+    // Takes the items; `other` is empty afterwards.
     Collection(Collection&& other) noexcept { swap(other); }
-    // Likewise, in place of the items it had.
+    // The same, replacing the items it had.
     Collection& operator=(Collection&& other) noexcept {
         Collection(std::move(other)).swap(*this);
         return *this;
@@ -73,7 +73,7 @@ class Collection {
     // Walks the items in order. Adding and removing ends every walk.
     class Iterator;
     Iterator begin() const noexcept { return Iterator(this, 0); }             // at the first item
-    Iterator end() const noexcept { return Iterator(this, chunks_.size()); }  // behind the last one
+    Iterator end() const noexcept { return Iterator(this, chunks_.size()); }  // after the last one
 
   private:
     struct Chunk;

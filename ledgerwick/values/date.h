@@ -121,9 +121,9 @@ class LEDGERWICK_API Date {
         return lengthOfMonth(date.year, date.month);
     }
 
-    // "05/04/2016", with " 13:00:00" behind it when there is a time of day.
+    // "05/04/2016", followed by " 13:00:00" when there is a time of day.
     std::string toText() const;
-    // "2016-04-05", with "T13:00:00" behind it when there is a time of day.
+    // "2016-04-05", followed by "T13:00:00" when there is a time of day.
     std::string toIso() const;
 
     // Exact.

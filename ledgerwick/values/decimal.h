@@ -44,7 +44,7 @@ struct Decimal {
     void shiftPoint(int places) noexcept {
         if (!isZero()) point += places;
     }
-    // Leaves `decimals` digits behind the point.
+    // Leaves `decimals` digits after the point.
     void round(int decimals, Ties ties) noexcept;
     // The number times ten to the power of `decimals`, a half to the even neighbour; nothing when
     // it does not fit.

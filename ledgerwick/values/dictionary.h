@@ -28,9 +28,9 @@ class Dictionary {
     Dictionary() = default;
     Dictionary(const Dictionary&) = delete;
     Dictionary& operator=(const Dictionary&) = delete;
-    // Takes over the entries.
+    // Takes the entries.
     Dictionary(Dictionary&&) noexcept = default;
-    // Likewise, in place of those it had.
+    // The same, replacing those it had.
     Dictionary& operator=(Dictionary&&) noexcept = default;
 
     // Errors: 457 when the key is there already; the store stays as it was.
@@ -90,7 +90,7 @@ class Dictionary {
 
     // Entries in the order in which they were added.
     const_iterator begin() const noexcept { return entries_.begin(); }
-    // Behind the last entry.
+    // After the last entry.
     const_iterator end() const noexcept { return entries_.end(); }
 
   private:

@@ -1,4 +1,4 @@
-// How the library tells a failure: a number, a source and a description, thrown as `Error`.
+// How the library reports a failure: a number, a source and a description, thrown as `Error`.
 //
 //   try { list->LoadEmployees(); }
 //   catch (const ledgerwick::Error& e) { log(e.Number(), e.Source(), e.Description()); }
@@ -16,7 +16,7 @@ namespace ledgerwick {
 // The one exception type of the library.
 class LEDGERWICK_API Error : public std::exception {
   public:
-    // A failure told by its number, the operation, and a sentence with the facts.
+    // A failure: its number, the operation, and a sentence with the facts.
     Error(std::int32_t number, std::string source, std::string description);
     ~Error() override;
 

@@ -14,7 +14,7 @@
 namespace ledgerwick {
 namespace {
 
-// Characters of a picture, each of which is literal when it stands in quotes or behind "\".
+// Characters of a picture, each of which is literal when it stands in quotes or after "\".
 class PictureReader {
   public:
     explicit PictureReader(std::string_view picture) : rest_(picture) {}
@@ -65,7 +65,7 @@ struct Section {
     int wholePlaces = 0;
     int decimals = 0;
     int leastWhole = 0;     // digits before the point that are always shown
-    int leastDecimals = 0;  // and behind it
+    int leastDecimals = 0;  // and after it
     int percentSigns = 0;
     bool hasPoint = false;
     bool thousands = false;

@@ -2,7 +2,7 @@
 //
 // Number pictures: 0 is a digit always shown, # a digit shown when there is one, "," between digit
 // places asks for thousands separators, "." is the decimal point, "%" multiplies by 100, text in
-// double quotes or behind "\" is literal, and any other character (a blank, a "£") stands for
+// double quotes or after "\" is literal, and any other character (a blank, a "£") stands for
 // itself. The point is shown also when no digit follows it: 2 by "0.##" is "2.".
 // Sections for positive, negative and zero values are separated by ";". Without a section of its
 // own, a negative value has "-" in front of the whole. A value that rounds to zero counts as zero.

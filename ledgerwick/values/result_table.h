@@ -65,7 +65,7 @@ class LEDGERWICK_API ResultTable : public Object {
     // Errors: as above; 13, 94 and 6 when the value does not convert to the field's type.
     void Fields(std::string_view name, const Variant& value);
 
-    // Sorts by field names separated by commas, each with ASC (the default) or DESC behind it, and
+    // Sorts by field names separated by commas, each followed by ASC (the default) or DESC, and
     // goes to the first row. Empty sorts first, texts without regard to case, and rows that are
     // equal stay in the order in which they were added. A row stored later goes to its place.
     // Errors: 3265 for an unknown name.
@@ -78,15 +78,15 @@ class LEDGERWICK_API ResultTable : public Object {
     const FieldInfo& Field(std::int32_t position) const;
 
     bool Bof() const noexcept;  // before the first row
-    bool Eof() const noexcept;  // behind the last row
-    // Zero-based position of the current row; -1 when there is none.
+    bool Eof() const noexcept;  // after the last row
+    // Zero-based position of the current row; -1 without one.
     std::int32_t AbsolutePosition() const noexcept;
     // Goes to the first row.
     // Errors: 3021 in an empty table, and for the next three also beyond either end.
     void MoveFirst();
     void MoveLast();      // goes to the last row
-    void MoveNext();      // goes on, from the last row to behind it
-    void MovePrevious();  // goes back, from the first row to before it
+    void MoveNext();      // goes on, from the last row to the place after it
+    void MovePrevious();  // goes back, from the first row to the place before it
 
   private:
     struct SortKey {

@@ -39,7 +39,7 @@ std::string_view takeDigits(std::string_view& text) noexcept {
     return digits;
 }
 
-// The digits before the point; with commas, groups of three behind a first group of one to three.
+// The digits before the point; with commas, groups of three after a first group of one to three.
 bool takeWholePart(std::string_view& text, std::string& plain) {
     const auto first = takeDigits(text);
     plain.append(first);

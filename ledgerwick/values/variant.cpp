@@ -15,7 +15,7 @@
 namespace ledgerwick {
 namespace {
 
-// A text on the heap: its length, and right behind it its bytes.
+// A text on the heap: its length, directly followed by its bytes.
 struct HeapText {
     std::size_t length;
 
