@@ -392,10 +392,10 @@ std::vector<int> allEmployees(sqlite3* db) {
 }
 
 template <class Copies>
-std::string joined(const Copies& copies, const char* Copy::*part, const char* behind = "") {
+std::string joined(const Copies& copies, const char* Copy::*part, const char* ending = "") {
     std::string list;
     for (const Copy& copy : copies) {
-        list += std::string(list.empty() ? "" : ", ") + copy.*part + behind;
+        list += std::string(list.empty() ? "" : ", ") + copy.*part + ending;
     }
     return list;
 }

@@ -1,4 +1,4 @@
-// A company of weekly employees, laid down for the measurements.
+// A company of weekly employees, created for the measurements.
 #pragma once
 
 #include <sqlite3.h>

@@ -160,7 +160,7 @@ void measureMemory(const std::string& company, int employees) {
     std::fflush(stdout);
 }
 
-// In a process of its own: laying down a company takes more memory than loading it.
+// In a process of its own: creating a company takes more memory than loading it.
 void measurePeak(const std::string& company) {
     HostSession session(openKit(company), Date(bench::dueDate));
     session.list().LoadEmployees();

@@ -58,7 +58,7 @@ set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} $
 set(CPACK_DEBIAN_COMMAND_DESCRIPTION
     "UK payroll from the command line
  The command ledgerwick runs a payroll database with the library of the
- same name: it imports a company from CSV, tells which pay dates fall due,
+ same name: it imports a company from CSV, lists which pay dates fall due,
  opens and closes pay runs, and writes the tables and letters of pension
  auto-enrolment.
  .

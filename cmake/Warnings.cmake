@@ -1,7 +1,7 @@
 # One place for the compiler's warnings, the sanitizers and the visibility of symbols.
 function(ledgerwick_target_defaults target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
-  # GCC 12 warns of a copy onto itself in text + std::string when it optimises; there is none.
+  # GCC 12 warns of a copy onto itself in text + std::string when it optimises; no such copy happens.
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(${target} PRIVATE -Wno-restrict)
   endif()

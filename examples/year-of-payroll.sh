@@ -61,13 +61,13 @@ import() {
   "$ledgerwick" import hollin.db "$1" >imported.txt 2>warnings.txt || { cat warnings.txt >&2; exit 1; }
 }
 
-# letters DAY TYPE: writes them and tells their names.
+# letters DAY TYPE: writes them and prints their names.
 letters() {
   on "$1" ae letters hollin.db --type "$2" --templates "$files" --out letters |
     sed -nE 's/^ *[0-9]+  .*  (.*\.txt)$/  \1/p'
 }
 
-echo "The company is laid down and its people come in"
+echo "The company is created and its people come in"
 "$ledgerwick" new hollin.db --year 2025
 import "$files"
 tail -n 1 imported.txt
@@ -177,7 +177,7 @@ same "David's first period" "2025-09-01 to 2025-09-30" "$(opened 14 2025-09-24)"
 same "Ben's period after the gap" "2025-08-17 to 2025-08-30" "$(opened 12 2025-08-29)"
 
 # The gap. Friday 22 August is in week 20 (11 April + 19 weeks). Its filled row is dated on the last
-# day of that week, 5 April + 140 days = 23 August, which is before the pay day behind it; it is paid
+# day of that week, 5 April + 140 days = 23 August, which is before the pay day after it; it is paid
 # up to where week 19 ended, looks ahead to week 21, and was reported late for reason H. Filling again
 # finds no gap, and none before David's first month.
 same "Ben's filled week" "20,1,2025-08-23,2025-08-16,0,2025-08-29,2025-08-30,H" \
@@ -211,12 +211,12 @@ END
 same "letters written" \
   "Enrolment 11.txt|Enrolment 13.txt|Non-Qualifying 12.txt|Postponement 14.txt|" \
   "$(cd letters && printf '%s|' *)"
-tells() { grep -qF "$2" "letters/$1.txt" || same "letter $1" "$2" "$(cat "letters/$1.txt")"; }
-tells "Enrolment 11" "From your pay of 11 April 2025 on, at least 8% of what you earn above £542 a month"
-tells "Enrolment 13" "From your pay of 30 April 2025 on"
-tells "Non-Qualifying 12" "while you earn £192 a week or less or are not yet 22 years old"
-tells "Postponement 14" "pension scheme on 30 November 2025"
-tells "Postponement 14" "1 September 2025"
+contains() { grep -qF "$2" "letters/$1.txt" || same "letter $1" "$2" "$(cat "letters/$1.txt")"; }
+contains "Enrolment 11" "From your pay of 11 April 2025 on, at least 8% of what you earn above £542 a month"
+contains "Enrolment 13" "From your pay of 30 April 2025 on"
+contains "Non-Qualifying 12" "while you earn £192 a week or less or are not yet 22 years old"
+contains "Postponement 14" "pension scheme on 30 November 2025"
+contains "Postponement 14" "1 September 2025"
 
 echo
 echo "122 periods of 64 runs, 1 skipped week and 4 letters are as worked out by hand"

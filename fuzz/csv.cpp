@@ -26,7 +26,8 @@ Reading read(const std::string& text) {
     std::size_t last = 0;
     const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
     reading.fault = exchange::CsvReader::read(in, [&](std::size_t line, const Row& row) {
-        CHECK(line >= std::max<std::size_t>(last, 1) && line <= lines, "a line that is none");
+        CHECK(line >= std::max<std::size_t>(last, 1) && line <= lines,
+              "a line that the file does not have");
         last = line;
         reading.rows.push_back(row);
     });

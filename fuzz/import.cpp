@@ -1,4 +1,4 @@
-// Imports: a file is taken in whole or told wrong and not taken in at all; what was taken in, taken
+// Imports: a file is taken in whole, or reported as wrong and not taken in at all; what was taken in, taken
 // out and taken in again is the same.
 //
 // Input: which table, and its file.
@@ -32,7 +32,7 @@ struct Folder {
         fs::temp_directory_path() / ("ledgerwick-fuzz-import-" + std::to_string(getpid()));
 };
 
-// A new database, without the cost of laying down its tables.
+// A new database, without the cost of creating its tables.
 class Company {
   public:
     Company() { exchange::companyTables(*database); }

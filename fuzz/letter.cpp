@@ -79,7 +79,7 @@ void fuzzOne(Input input) {
         CHECK(text == expected, text);
         return;
     }
-    // What stands in front of the first block stays (its copies stand behind it), and nothing grows
+    // What stands in front of the first block stays (its copies stand after it), and nothing grows
     // by the block.
     const std::string front = withApostrophes(filled.substr(0, tag));
     CHECK(text.starts_with(front), text);

@@ -23,7 +23,7 @@ void fuzzOne(Input input) {
         // Neither an infinity nor a text of one is written by a picture.
         if (!number.isNumeric() || !std::isfinite(number.toDouble())) continue;
 
-        // The picture's text in front, behind and between is kept.
+        // The picture's text in front, at the end and between is kept.
         if (picture.find_first_of("\"\\;") == std::string::npos) {
             const std::string framed = Format(number, "\"<0\"" + picture + "\\0\">\"");
             if (!picture.empty()) CHECK(framed.find("<0") < 2 && framed.ends_with("0>"), framed);

@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
     }
     std::sort(files.begin(), files.end());
     for (const fs::path& file : files) {
-        std::cout << file.string() << std::endl;  // the last one told is the one that failed
+        std::cout << file.string() << std::endl;  // the last one printed is the one that failed
         std::ifstream in(file, std::ios::binary);
         const std::string bytes{std::istreambuf_iterator<char>(in), {}};
         ledgerwick::fuzz::fuzzOne(

@@ -3,7 +3,7 @@
 //   pay_run company.db
 //
 // It makes the database, hires two people, opens the run of the first pay date, puts in what they
-// earned, closes the run, and tells where they stand in auto-enrolment.
+// earned, closes the run, and prints where they stand in auto-enrolment.
 #include <inttypes.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -12,7 +12,7 @@
 
 static ledgerwick_error error;
 
-// Every call tells whether it failed; this program ends with the first failure.
+// Every call returns whether it failed; this program ends with the first failure.
 static void must(int32_t number) {
     if (number == LEDGERWICK_OK) return;
     fprintf(stderr, "Error %" PRId32 " in %s: %s\n", number, error.source, error.description);

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "hostkit/audit/findings.h"
+#include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/employee/load_queries.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/records/schema.h"
@@ -45,19 +46,29 @@ struct PayRow {
     }
 };
 
+// The weeks of a row's period; a period that is no frequency's counts as that many.
+std::int32_t weeksOf(const PayRow& row) {
+    const auto* const frequency = calendar::findByPayPeriod(row.period);
+    return frequency ? frequency->weeks : row.period;
+}
+
+bool isWeeklyType(const PayRow& row) {
+    const auto* const frequency = calendar::findByPayPeriod(row.period);
+    return !frequency || frequency->isWeeklyType();
+}
+
 // Which month, quarter or half of the year it is; quarters end with the weeks 13, 27, 40 and 52.
 std::int32_t periodNumber(const PayRow& row) {
     if (row.isMonthly()) return -row.period;
-    return static_cast<std::int32_t>(std::lround(double(row.week) / row.period));
+    return static_cast<std::int32_t>(std::lround(double(row.week) / weeksOf(row)));
 }
 
 // The periods that are missing between two rows of one employment and one kind of period.
 std::int32_t periodsBetween(const PayRow& earlier, const PayRow& later) {
     const bool sameKind = later.isMonthly() ? earlier.isMonthly() : later.period == earlier.period;
     if (later.period == 0 || !sameKind) return 0;
-    constexpr std::int32_t quarter = 13;
-    if (later.period > 0 && later.period < quarter) {
-        return std::max(0, (later.week - earlier.week - 1) / later.period);
+    if (isWeeklyType(later)) {
+        return std::max(0, (later.week - earlier.week - 1) / weeksOf(later));
     }
     return std::max(0, periodNumber(later) - periodNumber(earlier) - 1);
 }

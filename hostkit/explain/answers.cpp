@@ -9,22 +9,23 @@ namespace ledgerwick::explain {
 namespace {
 
 void explainDay(std::vector<Answer>& answers, Date date) {
-    const auto tell = [&](std::string question, const Variant& number, const Rule& rule) -> auto& {
+    const auto answer = [&](std::string question, const Variant& number,
+                            const Rule& rule) -> auto& {
         return answers.emplace_back(
             Answer{.question = std::move(question), .number = number, .rule = &rule});
     };
     const int year = calendar::taxYearOf(date);
     const auto days = taxYearDays(year);
     const std::int16_t payrollYear = calendar::payrollYearOf(date);
-    Answer& whole = tell("tax year", taxYearText(year), taxYearRule);
+    Answer& whole = answer("tax year", taxYearText(year), taxYearRule);
     whole.date = days.first;
     whole.lastDay = days.last;
-    tell("payroll year", payrollYear, payrollYearRule);
-    tell("tax week", calendar::taxWeek(date), taxWeekRule);
-    tell("tax month", calendar::taxMonth(date), taxMonthRule);
+    answer("payroll year", payrollYear, payrollYearRule);
+    answer("tax week", calendar::taxWeek(date), taxWeekRule);
+    answer("tax month", calendar::taxMonth(date), taxMonthRule);
     constexpr std::int16_t firstWithCalculations = 2;
     if (payrollYear < firstWithCalculations) return;
-    tell("set of calculations", calendar::calculationSet(payrollYear, date), calculationSetRule);
+    answer("set of calculations", calendar::calculationSet(payrollYear, date), calculationSetRule);
 }
 
 void explainPeriods(std::vector<Answer>& answers, const FrequencyRules& rules, Date date,
@@ -43,7 +44,7 @@ void explainPeriods(std::vector<Answer>& answers, const FrequencyRules& rules, D
                        startDayWords(rules.frequency, controllers)});
 }
 
-// Only monthly pay tells a pay date from an end of period, and looks at a change of frequency.
+// Only monthly pay distinguishes a pay date from an end of period, and looks at a change of frequency.
 void explainExpected(std::vector<Answer>& answers, const FrequencyRules& rules, Date date,
                      const Controllers& controllers) {
     const bool isMonthly = rules.frequency == PFREQ_Monthly;

@@ -7,7 +7,7 @@ namespace ledgerwick::explain {
 
 namespace {
 
-// The selection of every frequency, which is none of its own.
+// The selection of every frequency; not a frequency itself.
 constexpr std::string_view everyFrequency = "all";
 
 }  // namespace

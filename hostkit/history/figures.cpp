@@ -66,13 +66,13 @@ std::unique_ptr<cEmployment> blankLike(const cEmployment& like) {
     return blank;
 }
 
-// Folds the rows of one employment and keeps, for each figure, the row behind it.
+// Folds the rows of one employment and keeps, for each figure, the row that it comes from.
 class Trace {
   public:
     explicit Trace(const cEmployment& loaded)
         : loaded_(loaded), folded_(blankLike(loaded)), values_(valuesOf(*folded_)) {}
 
-    // A row is behind a figure when it moves it, or when it gives the same value to an employment
+    // A figure comes from a row when it moves it, or when it gives the same value to an employment
     // that has seen nothing before.
     void take(Recordset& row) {
         const auto alone = blankLike(loaded_);

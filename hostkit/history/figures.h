@@ -1,4 +1,4 @@
-// The figures of an employee's employments, and the pay row behind each.
+// The figures of an employee's employments, and the pay row of each.
 #pragma once
 
 #include <cstdint>
@@ -33,7 +33,7 @@ struct EmploymentFigures {
     std::vector<Figure> figures;              // always the same ones, in the same order
 };
 
-// The figures of a loaded employee. The row behind a figure is the last one that gave it the value
+// The figures of a loaded employee. The row of a figure is the last one that gave it the value
 // which it has, whatever stood there before, or that moved it.
 // Errors: those of the database and of reading a row.
 LEDGERWICK_HOSTKIT_API std::vector<EmploymentFigures> figuresOf(cEmployee& employee);
