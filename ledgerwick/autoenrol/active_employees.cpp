@@ -7,7 +7,7 @@
 namespace ledgerwick {
 namespace {
 
-// A field of the table, and its value for one worker; none where the table leaves it unfilled.
+// A field of the table, and its value for one worker; null where the table leaves it unfilled.
 struct Column {
     const char* name;
     FieldType type;

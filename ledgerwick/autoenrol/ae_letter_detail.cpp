@@ -212,7 +212,7 @@ std::string CAELetterDetail::LetterText() const {
 }
 
 // Keeps or deletes the first block "$PreAA_BBText$[...]" of the text. The block ends at the first
-// "]"; one that is not opened or not ended leaves the text as it is. Further tags stay.
+// "]". A block without "[" or "]" leaves the text unchanged. Further tags stay.
 void CAELetterDetail::ApplyPreYearBlock(std::string& text) const {
     const auto block = findYearBlock(text);
     if (!block || !block->isSound()) return;

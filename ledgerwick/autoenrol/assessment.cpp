@@ -33,7 +33,7 @@ constexpr std::array statusFields{
     field::PRPPenWorkplaceSchemeID,
 };
 
-// A row whose mark is Null is open, as for the running state of an employment.
+// A row whose mark is Null counts as open, as it does in the fold.
 bool isClosed(Recordset& row) {
     return !row.IsNull(field::PRPPeriodUpdated) && row.GetBoolean(field::PRPPeriodUpdated);
 }
@@ -53,7 +53,7 @@ std::shared_ptr<CPayment> readPayment(Recordset& row, bool closed) {
 
 // ---- the year store -----------------------------------------------------------------------------
 
-// Whether every employment of the year, and at least one employment, holds the year's payments.
+// Whether the year has an employment, and all of them hold the year's payments.
 bool yearIsInMemory(const Employments& employments, std::int32_t payrollYear, bool closed) {
     bool found = false;
     for (const auto& held : employments) {
@@ -67,7 +67,7 @@ bool yearIsInMemory(const Employments& employments, std::int32_t payrollYear, bo
     return found;
 }
 
-// Takes in an employment that the store has got since the load, with the pay of the year.
+// Adds an employment that was stored since the load, with its pay of the year.
 void bringIn(cEmployee& employee, std::int32_t naid, std::int32_t prtid, std::int32_t payrollYear) {
     const RecordsetRef rows = OpenEmployeesRS(naid, cEmployment::employmentFields());
     while (!rows->Eof() && rows->GetInt32(field::PRTID) != prtid) rows->MoveNext();
@@ -82,7 +82,7 @@ void bringIn(cEmployee& employee, std::int32_t naid, std::int32_t prtid, std::in
     pay->Close();
 }
 
-// The payments of one employment, and whether it is to get them.
+// The payments of one employment, and whether it needs them.
 struct Intake {
     std::shared_ptr<cEmployment> employment;
     bool wanted;

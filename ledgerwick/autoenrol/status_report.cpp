@@ -18,8 +18,8 @@ Variant dateOrNone(Date date) {
     return date == noDate1961 ? Date{} : date;
 }
 
-// A field of the table, and its value for one worker; none where the table leaves it unfilled, or
-// finds it by another way.
+// A field of the table, and its value for one worker; null where the table leaves it unfilled, or
+// fills it elsewhere.
 struct Column {
     const char* name;
     FieldType type;
@@ -53,8 +53,8 @@ constexpr Column columns[] = {
 };
 // clang-format on
 
-// The names of pension schemes, each asked of the database once. No scheme has an empty name; a
-// number without a scheme has none, and is asked for again.
+// The names of pension schemes. Each is read from the database once; a number without a scheme is
+// read again each time.
 class SchemeNames {
   public:
     SchemeNames() { names_.Add(0, ""); }

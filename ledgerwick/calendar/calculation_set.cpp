@@ -10,7 +10,7 @@ namespace ledgerwick::calendar {
 namespace {
 
 // A set that comes into force on a day of the calendar year in which the payroll year begins. A
-// change without a month never comes.
+// change without a month never happens.
 struct Change {
     int month = 0;
     int day = 0;

@@ -75,7 +75,7 @@ Date nextMonthlyDate(Date date, const MonthlyRule& rule, bool freqChange, bool r
         const Date inThisMonth = monthlyDate(from.year, from.month, rule);
         if (inThisMonth.dayNumber() > date.dayNumber()) return inThisMonth;
     }
-    // Past, as is every date of an earlier calendar month.
+    // That date has passed, like every date of an earlier calendar month.
     return monthlyDate(from.year, from.month + months + 1, rule);
 }
 

@@ -16,7 +16,7 @@ void cEmployee::BusName(std::string_view value) {
     SplitName();
 }
 
-// Whatever the host leaves in the parts is what the employee has, also when it fails.
+// The employee takes what the host leaves in the parts, even when the split fails.
 void cEmployee::SplitName() {
     constexpr std::array parts{Text::Title, Text::Forename1, Text::Forename2, Text::Surname,
                                Text::OtherForenames};
@@ -37,7 +37,7 @@ void cEmployee::SplitName() {
 
 namespace {
 
-// `name` and one part more; a blank end of `name` does not double the blank between them.
+// `name`, one blank and the part. A name that ends in a blank gets no second one.
 std::string withPart(std::string_view name, std::string_view part) {
     std::string longer(trimRight(name));
     longer += ' ';
@@ -64,7 +64,7 @@ std::string cEmployee::Forenames() const {
 
 namespace {
 
-// The lines that hold something, in order, as an array from 1.
+// The lines that are not empty, in order, as an array from 1.
 VariantArray filledLines(std::initializer_list<std::string> lines) {
     VariantArray filled(1, 0);
     for (const std::string& line : lines) {
@@ -75,7 +75,7 @@ VariantArray filledLines(std::initializer_list<std::string> lines) {
     return filled;
 }
 
-// The first of the two neighbours that are shortest together; of equals the upper ones.
+// The first of the two neighbouring lines that are shortest together; among equals the uppermost.
 std::int32_t shortestPair(const VariantArray& lines) {
     std::int32_t shortest = 1;
     std::size_t shortestLength = SIZE_MAX;

@@ -9,7 +9,7 @@ namespace ledgerwick {
 
 // ---- look-up ------------------------------------------------------------------------------------
 
-// The probe under every look-up: whatever goes wrong, the item is not there.
+// Every look-up asks this first. Whatever goes wrong means that the item is not there.
 const std::shared_ptr<cEmployee>* CEmployeeList::itemAt(const Variant& index) const noexcept {
     if (index.kind() == VariantKind::Text) return employees_.Find(index.textView());
     try {
@@ -133,7 +133,7 @@ void CEmployeeList::RemoveEmployee(std::int32_t lNAID) {
 
     const cEmployee& employee = used(*item, "CEmployeeList.RemoveEmployee");
     naidIndex_.erase(lNAID);
-    // One whose load broke off may not know its number yet.
+    // An employee whose load failed may not have its number yet.
     if (std::erase(unfilled_, lNAID) != 0) {
         std::erase_if(ninoIndex_, [lNAID](const auto& entry) { return entry.second == lNAID; });
     }

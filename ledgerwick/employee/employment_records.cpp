@@ -1,4 +1,4 @@
-// Writing new employment rows, and the questions that a host asks when it does.
+// Writes new employment rows, and answers what a host asks when it writes them.
 #include <array>
 #include <exception>
 #include <string>

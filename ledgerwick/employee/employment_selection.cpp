@@ -89,9 +89,9 @@ void cEmployee::UpdateFlags() {
     employment.CalcExpPRP();
 }
 
-// Hands the last reported payment down the chain of continuations that ends in `employment`: a row
-// of a new payroll year has no pay of its own at first and shows the last one of the row it
-// continues.
+// Copies the last reported payment along the chain of continuations that ends in `employment`. A row
+// of a new payroll year has no pay of its own at first, and shows the last payment of the row that
+// it continues.
 void cEmployee::carryLastRTI(cEmployment& employment) {
     const auto lacksPayment = [](const cEmployment& e) {
         return e.Continuation() && !e.LastRTISet();

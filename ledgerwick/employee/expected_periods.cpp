@@ -10,7 +10,7 @@
 namespace ledgerwick {
 namespace {
 
-// The period of auto-enrolment that holds a date, for an employee paid like this one.
+// The pay reference period that holds a date, by the employee's pay frequency.
 calendar::DateRange periodHolding(Date date, const cEmployee& employee) {
     const auto frequency = static_cast<PR_Pay_Freq>(employee.PayFrequency());
     return calendar::payReferencePeriod(date, PR_Convert_PayFreq_to_PayPeriod(frequency),

@@ -1,5 +1,5 @@
-// Brings pay from outside the payroll to the employees: values out of the host's import table, and
-// the open piecework lines of the order book.
+// Loads pay from outside the payroll: values from the host's import table, and the open piecework
+// lines of the order book.
 #include <array>
 #include <string>
 
@@ -39,7 +39,7 @@ ORDER BY OrdNAID, OrdActionDate, UoMCode, DSDesc)";
     return replaceAll(statement, "<money format>", replaceAll(moneyFormat, "'", "''"));
 }
 
-// A later value of the same employee replaces the one before.
+// A later value of the same employee replaces an earlier one.
 void loadImportTable(CEmployeeList& list) {
     const std::string moneyFormat = DLLGlobal::g().strCurFormat();
     const auto rows = DLLGlobal::g().DBDll().OpenRecordset("SELECT * FROM PRPayImport",

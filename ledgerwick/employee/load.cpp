@@ -1,4 +1,4 @@
-// The load: two queries in, a tree of employees and employments with their pay folded in.
+// The load: two queries become a tree of employees and employments with their pay folded in.
 #include <iterator>
 #include <span>
 #include <utility>
@@ -36,7 +36,7 @@ struct Binding {
     void (*fill)(cEmployee& emp, const FieldValue& value);
 };
 
-// Which field fills which property, in the order of the filling.
+// Which field fills which property, in order.
 constexpr Binding employeeBindings[] = {
     // clang-format off
     {field::NAID,                       [](auto& e, auto& v) { e.NAID(v); }},
@@ -242,7 +242,7 @@ void CEmployeeList::LoadPayments(std::int32_t lNAID, std::int32_t lPayrollYear) 
 }
 
 void CEmployeeList::UpdateEmployeeFlags(std::int32_t lNAID) {
-    // Found by its key, unless somebody else has changed the list.
+    // Found by its key, unless a host has changed the list.
     const auto own = GetEmployeeByNAID(lNAID);
     if (own && holdsOwnEmployeesOnly() && own->NAID() == lNAID) return own->UpdateFlags();
     for (const auto& held : employees_) {

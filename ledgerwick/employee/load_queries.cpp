@@ -11,7 +11,7 @@ namespace ledgerwick {
 
 namespace {
 
-// "WHERE a AND b"; nothing when there is no condition.
+// "WHERE a AND b"; empty without conditions.
 std::string where(const std::vector<std::string>& conditions) {
     std::string clause;
     for (const std::string& condition : conditions)

@@ -15,7 +15,7 @@ namespace ledgerwick {
 namespace {
 
 constexpr std::array payRowFields{
-    // By these two a load finds the employment of the row; the rest is read here.
+    // The load finds the employment of the row by these two. The others are read here.
     field::PRTID,
     field::PRPNAID,
     field::PRPPeriodUpdated,
@@ -47,7 +47,7 @@ constexpr std::array payRowFields{
     field::PRPMinNormHours,
 };
 
-// A monthly row holds minus its tax month.
+// A monthly row stores minus its tax month.
 std::int16_t taxMonthOf(std::int16_t period) {
     return narrowToInt16(std::abs(std::int32_t{period}));
 }
@@ -84,7 +84,7 @@ std::int16_t payFrequencyOf(std::int16_t period) {
     }
 }
 
-// The fields of the row at hand.
+// The fields of the current row.
 class cEmployment::PayRow {
   public:
     // The place of a field; one that is not in the list above does not compile.
@@ -104,7 +104,7 @@ class cEmployment::PayRow {
         try {
             row.Values(FieldList(payRowFields).subspan(skipped), values_);
         } catch (const Error&) {
-            // An open row changes nothing, whatever else of it cannot be read.
+            // An open row changes nothing, even when its other fields cannot be read.
             Variant& gate = values_[Place(field::PRPPeriodUpdated).index_];
             gate = row.Value(field::PRPPeriodUpdated);
             if (isClosed()) throw;
@@ -118,7 +118,7 @@ class cEmployment::PayRow {
     double number(Place place) const { return (*this)[place].toDouble(sourceOf(place)); }
     Date date(Place place) const { return (*this)[place].toDate(sourceOf(place)); }
 
-    // The tests on a row that a Null fails instead of ending the fold.
+    // Tests on a row. A Null fails the test and does not end the fold.
     bool isClosed() const {
         return holds(field::PRPPeriodUpdated) && boolean(field::PRPPeriodUpdated);
     }
@@ -186,7 +186,7 @@ void cEmployment::addCalculatedPayment(const PayRow& row) {
     pglWasDeducted_ = pglWasDeducted_ || pglCurStatus_;
 }
 
-// A calculated row with nothing of that pay ends the run.
+// A calculated row without that pay ends the run.
 void cEmployment::extendRun(StatutoryPay pay, double first, double second) {
     StatutoryRun& run = statutoryRuns_[static_cast<std::size_t>(pay)];
     run.current = first != 0.0 || second != 0.0;

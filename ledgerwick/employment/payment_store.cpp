@@ -1,4 +1,4 @@
-// The payments that callers have put beside an employment, and the three ways to look one up.
+// The payments that callers have stored with an employment, and the three ways to find one.
 #include "ledgerwick/employment/employment.h"
 #include "ledgerwick/values/format.h"
 
@@ -39,7 +39,7 @@ std::shared_ptr<CPayment> cEmployment::GetPayment(std::int32_t lPayrollYear, std
     return storedPayment(paymentKey(lPayrollYear, lWeekNo, dtPayDate));
 }
 
-// No payment is ever marked as the last one, so its key is the empty one.
+// Nothing marks a payment as the last one, so its key is empty.
 std::shared_ptr<CPayment> cEmployment::GetLastPayment() {
     return storedPayment({});
 }

@@ -1,5 +1,5 @@
-// Piecework on an employment: the open order lines that the load hung on it, what of them falls
-// into a period, and their way up to a closed line.
+// The piecework of an employment: its open order lines, which of them fall into a period, and their
+// move up to a closed line.
 #include <string>
 #include <vector>
 

@@ -11,7 +11,7 @@ namespace ledgerwick::DLLGlobal {
 namespace {
 
 // A reference as the interface that its users need, so that a use costs no cast. The pointer is null
-// when the reference is empty, and when its object does not offer the interface.
+// when the reference is empty or its object does not offer the interface.
 template <class Interface>
 struct Use {
     Interface* object = nullptr;

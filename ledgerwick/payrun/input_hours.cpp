@@ -31,7 +31,7 @@ struct Selected {
     std::int32_t naid;
 };
 
-// What the host chose: 0, or for the frequency any negative number, leaves a choice open.
+// What the host chose. 0 selects everything, and so does any negative frequency.
 struct Choice {
     std::int32_t frequency;
     std::int32_t group;
@@ -86,7 +86,7 @@ enum ColumnRow : std::int32_t {
 
 }  // namespace
 
-// One opening of a run, employee by employee. The columns grow as the periods are worked.
+// One opening of a run, employee by employee. Each period adds a column.
 class CPayrollFunctions::InputHours {
   public:
     InputHours(CPayrollFunctions& payroll, Date payDate, bool& hasUnchecked)
@@ -120,7 +120,7 @@ class CPayrollFunctions::InputHours {
     bool& hasUnchecked_;
     VariantArray columns_{1, 8, 1, 1};
 
-    // The employee in hand.
+    // The employee who is being prepared.
     std::shared_ptr<cEmployee> employee_;
     std::shared_ptr<cEmployment> employment_;
     PR_Pay_Freq frequency_ = PFREQ_Casual;
@@ -129,7 +129,7 @@ class CPayrollFunctions::InputHours {
     RecordsetRef rows_;
     bool importedDone_ = false;
 
-    // The period in hand.
+    // The period that is being prepared.
     std::size_t item_ = 0;  // position in `weeks_`
     Date nextPay_;          // expected pay date of the period after it
     Date from_;
@@ -152,9 +152,9 @@ void CPayrollFunctions::InputHours::prepare(std::int32_t naid) {
     rows_.reset();
 }
 
-// A weekly type of period takes the tax week in which its tax period ends, unless counting on from
-// the last week paid has run ahead of that. A longer one takes the tax week of the last day of its
-// tax period, and 52 stands in for the odd days of week 53.
+// A weekly type takes the tax week in which its tax period ends, or the week counted on from the last
+// week paid, whichever is later. A longer period takes the tax week of the last day of its tax
+// period, at most 52.
 void CPayrollFunctions::InputHours::collectPeriodsDue() {
     weeks_.clear();
     const calendar::Frequency& frequency = calendar::frequencyOf(frequency_);
@@ -197,8 +197,7 @@ void CPayrollFunctions::InputHours::stepPeriod() {
     epe_ = nextDate(epe_, PR_NExp_EPE);
 }
 
-// Rows left by an earlier preparation are used in order; those beyond the periods due stay as they
-// are.
+// Uses the rows of an earlier preparation in order. Rows beyond the periods due stay unchanged.
 void CPayrollFunctions::InputHours::useOpenRows() {
     if (rows_->RecordCount() == 0) return;
     while (periodsRemain() && !rows_->Eof()) {
@@ -231,8 +230,8 @@ void CPayrollFunctions::InputHours::openColumn() {
     cell(rowImportedPay) = imported_ ? Variant(*imported_) : Variant("N");
 }
 
-// Imported pay lands in the employee's first period and no other; earnings land where they were
-// earned.
+// Imported pay goes into the employee's first period only. Earnings go into the period in which they
+// were earned.
 void CPayrollFunctions::InputHours::takeImportedPay() {
     imported_.reset();
     if (!importedDone_ && employment_->HasImportedPay()) {

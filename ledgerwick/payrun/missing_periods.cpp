@@ -1,4 +1,4 @@
-// The filling of holes between the closed pay rows of an employment.
+// Fills gaps between the closed pay rows of an employment.
 #include <array>
 #include <string>
 
@@ -51,7 +51,7 @@ RecordsetRef openWalk() {
     return DLLGlobal::g().DBDll().OpenRecordset(sql, RecordsetType::Snapshot, walkFields);
 }
 
-// What the walk keeps of a row until it has looked at the next.
+// What the walk remembers of the row before.
 struct RowBefore {
     std::int32_t employment = 0;
     std::int32_t period = 0;
@@ -73,7 +73,7 @@ struct MissingPeriod {
     Date payDate;
 };
 
-// The tax month of a monthly row, whose period is minus that.
+// The tax month of a monthly row, which stores minus the month as its period.
 std::int32_t monthOf(std::int32_t period) {
     return subtractInt32(0, period);
 }
@@ -84,8 +84,8 @@ MissingPeriod monthAfter(CPayrollFunctions& payroll, const RowBefore& before) {
     return {code, payroll.C_CalcTaxWeek(end), end};
 }
 
-// How many weeks a pay row of that period stands for; a period that is no frequency's counts as
-// that many.
+// How many weeks a pay row of that period stands for. A period that belongs to no frequency counts
+// as that many weeks.
 std::int32_t weeksOf(std::int32_t period) {
     const auto* const frequency = calendar::findByPayPeriod(period);
     return frequency ? frequency->weeks : period;
@@ -121,9 +121,9 @@ void addFiller(Recordset& rows, const MissingPeriod& missing, const RowBefore& b
     rows.Update();
 }
 
-// Fills what is missing between the row before and the row that the walk stands on. Rows of
-// different periods, as after a change of frequency, have no gap, and neither have rows of period
-// 0, which have no period to fill.
+// Fills the gap between the row before and the current row of the walk. Between rows of different
+// periods, as after a change of frequency, there is no gap. Rows of period 0 have no period to
+// fill.
 void fillGap(CPayrollFunctions& payroll, Recordset& rows, RowBefore before, Recordset& walk) {
     const std::int32_t period = walk.GetInt32(PRPPaymentPeriod);
     if (period < 0) {

@@ -1,4 +1,4 @@
-// Which pay date to work on next: questions to the employee list that change nothing.
+// Which pay date to work on next. These queries read the employee list and change nothing.
 #include <string>
 
 #include "ledgerwick/host/dll_global.h"

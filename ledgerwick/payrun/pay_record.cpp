@@ -1,7 +1,7 @@
-// The making of a pay row, and its refreshing at each preparation of a run.
+// Creates a pay row, and refreshes it at each preparation of a run.
 //
 // The standing pay items (hours, pre-tax and after-tax items) are copied once, when the row is
-// made, and belong to the user from then on. Everything else follows the employee until the row is
+// created, and belong to the user from then on. Everything else follows the employee until the row is
 // closed.
 #include "ledgerwick/payrun/pay_record.h"
 
@@ -83,7 +83,7 @@ constexpr FieldCopy workplaceScheme[] = {
     {PSDeductionsType, PRPPenWorkplaceDeductionsType},
     {PSSchemeAppliesTaxRelief, PRPPenWorkplaceSchemeAppTxRelief},
 };
-// The four deductions, by the employee's own rates and by the scheme's; a scheme has percentages
+// The four deductions at the employee's own rates and at the scheme's. A scheme has percentages
 // only.
 struct WorkplaceDeduction {
     FieldName to;
@@ -167,7 +167,7 @@ void copy(Recordset& from, Recordset& to, std::span<const FieldCopy> fields) {
     for (const FieldCopy& field : fields) to.Value(field.to, from.Value(field.from));
 }
 
-// The weeks of normal hours in a period; a frequency that the table lacks counts as that many.
+// The weeks of normal hours in a period. An unknown frequency counts as that many weeks.
 std::int16_t standardWeeks(std::int16_t frequency) {
     const auto* const found = calendar::findFrequency(frequency);
     return found ? found->standardWeeks : frequency;
@@ -190,8 +190,8 @@ void copyStandingItems(Recordset& employee, Recordset& row) {
     }
 }
 
-// Whether a field of the row holds something else. A Null date or week differs from nothing, a Null
-// amount from every amount.
+// Whether a field of the row holds another value. A Null date or week counts as equal, a Null amount
+// as different.
 bool differs(Recordset& row, const FieldName& name, Date value) {
     return !row.IsNull(name) && row.GetDate(name) != value;
 }

@@ -1,5 +1,5 @@
-// The closing of a pay run, the withdrawing of visited marks, and the row from which an employee's
-// history starts.
+// Closes a pay run, withdraws visited marks, and creates the row from which an employee's history
+// starts.
 #include <string>
 
 #include "ledgerwick/calendar/frequency.h"
@@ -25,8 +25,7 @@ LookAhead stepped(CPayrollFunctions& payroll, const LookAhead& from, PR_Pay_Freq
             payroll.C_Calc_Next_NExpDate(from.pay, frequency, PR_NExp_Pay)};
 }
 
-// A frequency that the table lacks looks ahead too, so that its step raises 9910; a selection value
-// does not.
+// An unknown frequency looks ahead too, so that its step raises 9910. A selection value does not.
 bool looksAheadAtClosing(PR_Pay_Freq frequency) {
     const auto* const found = calendar::findFrequency(frequency);
     return found ? found->looksAhead : frequency > 0;
@@ -52,8 +51,8 @@ void CPayrollFunctions::C_UpdatePayPeriod(std::int32_t lngNAIDIn, Date dPayDateI
         const auto rows = openRowsUpTo(dPayDateIn, lngNAIDIn);
         const auto employee = payrun::employeeOf(employeeList(), lngNAIDIn, "C_UpdatePayPeriod");
         const PR_Pay_Freq frequency = payrun::frequencyOf(*employee);
-        // The longer periods get their dates by the pay-day rules of today; weekly types keep those
-        // of their preparation.
+        // Longer periods get their dates by the pay-day rules of today. Weekly types keep the
+        // dates of their preparation.
         const bool looksAhead = looksAheadAtClosing(frequency);
         LookAhead dates;
         if (looksAhead) {

@@ -127,7 +127,7 @@ void writeWholePlace(std::string& text, const Section& section, const Decimal& v
     if (section.thousands && place > 0 && place % 3 == 0) text += ',';
 }
 
-// The digits that fall to the first place of the picture, and with it all that are to its left.
+// The digits of the first place of the picture, which also takes all digits to its left.
 void writeSection(std::string& text, const Section& section, const Decimal& value) {
     const int wholeDigits = std::max(value.point, section.leastWhole);
     const int shownDecimals =
@@ -184,7 +184,7 @@ std::string padded(int value, std::size_t width) {
     return digits;
 }
 
-// A number, or from three letters on the short and the full name.
+// One or two letters: the number. Three: the short name. Four: the full name.
 std::string numberOrName(int number, std::size_t letters, std::string_view name) {
     if (letters <= 2) return padded(number, letters);
     return std::string(letters == 3 ? name.substr(0, 3) : name);
@@ -231,7 +231,7 @@ const DateLetter* dateLetterOf(char c) noexcept {
     return found == dateLetters.end() ? nullptr : &*found;
 }
 
-// How often `letter` goes on at the front of `rest`, up to `most` times.
+// How often `letter` is repeated at the front of `rest`, up to `most` times.
 std::size_t runLength(std::string_view rest, char letter, std::size_t most) noexcept {
     std::size_t length = 0;
     while (length < most && length < rest.size() && lowered(rest[length]) == letter) ++length;
@@ -262,7 +262,7 @@ std::string formatDate(Date value, std::string_view picture) {
         }
         const std::size_t more = runLength(reader.rest(), part->letter, part->longest - 1);
         reader.skip(more);
-        // A single y is no picture of a year.
+        // A single y is not a picture of a year.
         text += part->letter == 'y' && more == 0 ? std::string(1, reader.current())
                                                  : datePart(value, part->letter, more + 1);
     }

@@ -66,7 +66,7 @@ int compareCells(const Variant& a, const Variant& b) {
     }
 }
 
-// Takes the last word off `text` when it is `word`.
+// Removes the last word of `text` when it is `word`.
 bool takeLastWord(std::string_view& text, std::string_view word) noexcept {
     if (text.size() <= word.size()) return false;
     const std::size_t start = text.size() - word.size();

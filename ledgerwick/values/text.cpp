@@ -24,7 +24,7 @@ std::size_t stepAt(std::string_view text, std::size_t start) noexcept {
     return std::max<std::size_t>(characterLength(text.substr(start)), 1);
 }
 
-// Takes `what` off the front of `text` when it stands there.
+// Removes `what` from the front of `text` when the text begins with it.
 bool take(std::string_view& text, std::string_view what) noexcept {
     if (!text.starts_with(what)) return false;
     text.remove_prefix(what.size());
@@ -72,7 +72,7 @@ constexpr std::array<char16_t, 32> windows1252Upper = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-// A number by its form alone, with what may be left out taken out.
+// The digits, sign, point and exponent of a number, without commas and signs of currency.
 std::optional<std::string> plainForm(std::string_view text) {
     text = trim(text);
     std::string plain;

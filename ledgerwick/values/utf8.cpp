@@ -5,7 +5,7 @@ namespace {
 
 constexpr std::string_view replacement = "\uFFFD";
 
-// The bytes of a character go by the first one, which also bounds the second.
+// The first byte decides the length of a character and the range of the second byte.
 struct Form {
     std::size_t length;  // 0 for a byte that begins no character
     unsigned char low;   // least second byte
