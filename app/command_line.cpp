@@ -11,6 +11,7 @@
 #include "app/context.h"
 #include "app/options.h"
 #include "hostkit/exchange/company_files.h"
+#include "hostkit/office/refusal.h"
 #include "hostkit/services/terminal_text.h"
 #include "ledgerwick/values/text.h"
 
@@ -83,6 +84,9 @@ int runAction(const Context& context) {
         return context.out.good() ? context.outcome : exitError;
     } catch (const Refusal& refusal) {
         tell(context.err, "ledgerwick: " + withoutControls(refusal.what()));
+        return exitRefused;
+    } catch (const office::Refusal& refusal) {
+        tell(context.err, "ledgerwick: " + withoutControls(refusal.Description()));
         return exitRefused;
     } catch (const exchange::BadFiles& faults) {
         tell(context.err, std::string(faults.what()) + "\nledgerwick: nothing was imported");

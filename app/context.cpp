@@ -59,14 +59,6 @@ std::unique_ptr<HostSession> loadCompany(const Context& context, std::shared_ptr
     return session;
 }
 
-sqlite::SqliteDatabase& storeOf(HostSession& session) {
-    Database* database = &session.database();
-    if (auto* const recording = dynamic_cast<RecordingDatabase*>(database)) {
-        database = &recording->recorded();
-    }
-    return dynamic_cast<sqlite::SqliteDatabase&>(*database);
-}
-
 std::shared_ptr<cEmployee> employeeOf(HostSession& session, std::int32_t naid) {
     auto employee = session.list().GetEmployeeByNAID(naid);
     if (!employee) throw Refusal("there is no employee " + std::to_string(naid));

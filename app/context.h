@@ -74,9 +74,6 @@ std::shared_ptr<sqlite::SqliteDatabase> openFile(const Context& context, const s
 std::unique_ptr<HostSession> sessionOn(const Context& context, std::shared_ptr<Database> database,
                                        const std::string& programPath = {});
 
-// The file behind a session, for a step of the host that is stored whole or not at all.
-sqlite::SqliteDatabase& storeOf(HostSession& session);
-
 // The employee of that number.
 // Errors: Refusal when the company has none.
 std::shared_ptr<cEmployee> employeeOf(HostSession& session, std::int32_t naid);

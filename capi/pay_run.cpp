@@ -3,6 +3,7 @@
 
 #include "capi/session.h"
 #include "capi/table.h"
+#include "hostkit/office/imported_pay.h"
 
 namespace {
 
@@ -20,34 +21,20 @@ office::Selection selectionIn(Session& session, ledgerwick_date payDate, std::in
 std::unique_ptr<Table> due(Session& session, Date upTo) {
     auto table = std::make_unique<Table>(
         std::vector<std::string>{"naid", "name", "frequency", "next_pay", "period_end", "periods"});
-    for (const auto& employee : session.list().Employees()) {
-        const auto employment = employee->CurEmployment();
-        if (!office::isRegular(*employee) || employment->NExpPayDate() > upTo) continue;
-        table->add({employee->NAID(), employee->Name(), employee->PayFrequency(),
-                    employment->NExpPayDate(), employment->NExpEPEDate(),
-                    office::periodsDue(session.host(), *employee, upTo)});
+    for (const office::DueEmployee& each : office::dueEmployees(session.host(), upTo)) {
+        table->add({each.employee->NAID(), each.employee->Name(), each.employee->PayFrequency(),
+                    each.nextPay, each.periodEnd, each.periods});
     }
     return table;
 }
 
-std::unique_ptr<Table> openRun(Session& session, const office::Selection& run, bool& unchecked) {
-    if (const auto employee = office::withoutHistory(session.host(), run)) {
-        raise(LEDGERWICK_INVALID_CALL, here,
-              "employee " + std::to_string(employee->NAID()) + ", " + employee->Name() +
-                  ", has no pay history");
-    }
-    Variant columns;
-    session.payroll().C_InputHoursInit(run.payDate, run.frequency, run.group, run.naid, &columns,
-                                       &unchecked);
-    const VariantArray& array = columns.array(here);
+std::unique_ptr<Table> periodsOf(Session& session, const office::OpenedRun& run) {
     auto table = std::make_unique<Table>(std::vector<std::string>{
         "naid", "name", "prpid", "first_day", "last_day", "imported", "week", "period"});
-    for (std::int32_t i = 1; i <= array.upperBound(2) && !array.at(1, i).isEmpty(); ++i) {
-        const std::int32_t naid = array.at(1, i).toInt32();
-        const Variant& imported = array.at(6, i);  // "N" for none
-        table->add({naid, session.employee(naid)->Name(), array.at(2, i), array.at(3, i),
-                    array.at(4, i), imported.kind() == VariantKind::Text ? Variant() : imported,
-                    array.at(7, i), array.at(8, i)});
+    for (const office::OpenedPeriod& each : run.periods) {
+        table->add({each.naid, session.employee(each.naid)->Name(), each.prpid, each.firstDay,
+                    each.lastDay, each.imported ? Variant(*each.imported) : Variant(), each.week,
+                    each.period});
     }
     return table;
 }
@@ -63,84 +50,24 @@ std::unique_ptr<Table> openRows(Session& session, const office::Selection& run) 
     return table;
 }
 
-std::size_t markCalculated(Session& session, const office::Selection& run) {
-    const auto rowsOf = office::openRowsByEmployee(session.host(), run);
-    std::size_t count = 0;
-    session.database().inTransaction([&] {
-        for (const auto& [naid, rows] : rowsOf) {
-            office::markCalculated(session.host(), naid, run.payDate);
-            count += rows.size();
-        }
-    });
-    return count;
-}
-
-// One employee whole or not at all.
-void closeWhole(Session& session, std::int32_t naid, const std::vector<office::OpenRow>& rows,
-                Date payDate) {
-    session.database().inTransaction(
-        [&] { office::closeRows(session.host(), naid, rows, payDate); });
-}
-
 std::unique_ptr<Table> closeRun(Session& session, const office::Selection& run) {
-    const auto rowsOf = office::openRowsByEmployee(session.host(), run);
-    session.list().LoadImportedPay();
     auto table = std::make_unique<Table>(std::vector<std::string>{
         "naid", "name", "rows", "paid_to", "next_pay_before", "next_pay", "next_period_end"});
-    for (const auto& [naid, rows] : rowsOf) {
-        const Date before = session.employee(naid)->CurEmployment()->NExpPayDate();
-        closeWhole(session, naid, rows, run.payDate);
-        session.list().ReLoadEmployee(naid);
-        const auto employee = session.employee(naid);
-        const auto now = employee->CurEmployment();
-        table->add({naid, employee->Name(), static_cast<std::int32_t>(rows.size()),
-                    now->LastEPEDate(), before, now->NExpPayDate(), now->NExpEPEDate()});
+    for (const office::ClosedEmployee& each : office::closeRun(session.host(), run)) {
+        table->add({each.naid, session.employee(each.naid)->Name(), each.rows, each.paidTo,
+                    each.nextPayBefore, each.nextPay, each.nextPeriodEnd});
     }
     return table;
 }
 
 std::unique_ptr<Table> fillMissing(Session& session) {
-    const std::int32_t before = office::highestPayRow(session.host());
-    session.payroll().AutoFillMissingPeriods();
-    const auto rows = session.database().OpenRecordset(
-        "SELECT PRPID, PRPNAID, PRPWeekNo, PRPPaymentPeriod, PRPPayDate, PRPRTILateReason "
-        "FROM PRPay "
-        "WHERE PRPID > " +
-            std::to_string(before) + " ORDER BY PRPID",
-        RecordsetType::Snapshot);
     auto table = std::make_unique<Table>(std::vector<std::string>{
         "prpid", "naid", "name", "week", "period", "pay_date", "late_reason"});
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const std::int32_t naid = rows->GetInt32(field::PRPNAID);
-        table->add({rows->GetInt32(field::PRPID), naid, session.employee(naid)->Name(),
-                    rows->GetInt16(field::PRPWeekNo), rows->GetInt32(field::PRPPaymentPeriod),
-                    rows->GetDate(field::PRPPayDate), rows->GetText(field::PRPRTILateReason)});
+    for (const office::FilledPeriod& each : office::fillMissing(session.host())) {
+        table->add({each.prpid, each.naid, session.employee(each.naid)->Name(), each.week,
+                    each.period, each.payDate, each.lateReason});
     }
-    rows->Close();
     return table;
-}
-
-void importPay(Session& session, std::int32_t naid, Currency value) {
-    session.employee(naid);
-    // The table keeps a number; one that does not come back as the same amount would stop the run.
-    if (Currency::fromDouble(value.toDouble(), here) != value) {
-        raise(LEDGERWICK_OVERFLOW, "ledgerwick_import_pay", "the amount is too large");
-    }
-    session.database().inTransaction([&] {
-        if (session.database().tableExists("PRPayImport")) {
-            session.database().Execute(
-                "DELETE FROM PRPayImport WHERE PRPINAID = " + std::to_string(naid), failOnError);
-        } else {
-            session.database().createPayImportTable(true);
-        }
-        const auto rows =
-            session.database().OpenRecordset("SELECT * FROM PRPayImport", RecordsetType::Dynaset);
-        rows->AddNew();
-        rows->Value(field::PRPINAID, naid);
-        rows->Value(field::PRPIPay, value);
-        rows->Update();
-        rows->Close();
-    });
 }
 
 }  // namespace
@@ -237,10 +164,10 @@ std::int32_t ledgerwick_run_open(ledgerwick_session* session, ledgerwick_date pa
     return call(error, [&] {
         needHandle(out, here);
         Session& company = sessionIn(session);
-        bool some = false;
-        giveHandle(out,
-                   openRun(company, selectionIn(company, pay_date, frequency, group, naid), some));
-        give(unchecked, some);
+        const office::OpenedRun run =
+            office::openRun(company.host(), selectionIn(company, pay_date, frequency, group, naid));
+        giveHandle(out, periodsOf(company, run));
+        give(unchecked, run.uncheckedPiecework);
     });
 }
 
@@ -260,7 +187,8 @@ std::int32_t ledgerwick_run_mark_calculated(ledgerwick_session* session, ledgerw
                                             ledgerwick_error* error) {
     return call(error, [&] {
         Session& company = sessionIn(session);
-        give(rows, markCalculated(company, selectionIn(company, pay_date, frequency, group, naid)));
+        give(rows, office::markCalculated(company.host(),
+                                          selectionIn(company, pay_date, frequency, group, naid)));
     });
 }
 
@@ -293,7 +221,11 @@ std::int32_t ledgerwick_fill_missing_periods(ledgerwick_session* session, ledger
 
 std::int32_t ledgerwick_import_pay(ledgerwick_session* session, std::int32_t naid,
                                    ledgerwick_money value, ledgerwick_error* error) {
-    return call(error, [&] { importPay(sessionIn(session), naid, Currency::fromTicks(value)); });
+    return call(error, [&] {
+        Session& company = sessionIn(session);
+        company.employee(naid);
+        office::importPay(company.host(), naid, Currency::fromTicks(value));
+    });
 }
 
 std::int32_t ledgerwick_load_imported(ledgerwick_session* session, ledgerwick_error* error) {

@@ -5,6 +5,7 @@
 #include "app/options.h"
 #include "hostkit/exchange/company_files.h"
 #include "hostkit/office/company.h"
+#include "ledgerwick/calendar/tax_calendar.h"
 
 namespace ledgerwick::app {
 
@@ -28,7 +29,7 @@ void runNew(const Context& context, const CompanyOptions& options) {
     Report report;
     report.say(options.database + " created for the tax year from 6 April " +
                std::to_string(options.year) + ", payroll year " +
-               std::to_string(options.year - 1999));
+               std::to_string(options.year - calendar::calendarYearOfPayrollYear0));
     context.show(report);
 }
 

@@ -119,16 +119,16 @@ class Demo {
 
         step("Open the run: a pay record for each period due, with imported pay and piecework");
         const std::int32_t before = payRows();
-        show(openRun(*session_, selection_));
+        show(openStep(*session_, selection_));
         const std::int32_t opened = payRows();
         context_.out << counted(opened - before, "pay record") << " added\n";
 
         step("Open it again: the same records are found and none is added");
-        openRun(*session_, selection_);
+        openStep(*session_, selection_);
         context_.out << counted(payRows() - opened, "pay record") << " added\n";
 
         step("Close the run; each employee is loaded again and the dates have moved on");
-        show(closeRun(*session_, selection_));
+        show(closeStep(*session_, selection_));
     }
 
     void tellStatus() {

@@ -5,6 +5,7 @@
 #include "app/commands/pay_run.h"
 #include "app/options.h"
 #include "hostkit/office/employments.h"
+#include "hostkit/office/transaction.h"
 
 namespace ledgerwick::app {
 
@@ -86,8 +87,8 @@ void runAdd(const Context& context, AddOptions& options) {
     }
     options.details.addInfo = addInfo(options.form);
     std::shared_ptr<cEmployment> added;
-    storeOf(*session).inTransaction(
-        [&] { added = office::addEmployment(*session, options.details); });
+    office::inTransaction(*session,
+                          [&] { added = office::addEmployment(*session, options.details); });
     const auto taken = employeeOf(*session, naid);
     Report report;
     report.say("Employment " + std::to_string(added->EmployCount()) + " of payroll year " +

@@ -32,7 +32,7 @@ void runEmployees(const Context& context, const QueryOptions& options) {
                                               "state", "start", "end", "last_pay", "next_pay"});
     for (const auto& employee : session->list().Employees()) {
         const auto latest = employee->MostRecentEmployment();
-        const bool pays = employee->Active() && !employee->Casual();
+        const bool pays = isRegularActive(*employee);
         table.add({employee->NAID(), employee->UserRef(), employee->Name(),
                    frequencyName(employee->PayFrequency()), employee->Group(), stateOf(*employee),
                    latest ? latest->StartDate() : Date(), latest ? latest->EndDate() : Date(),

@@ -9,6 +9,8 @@
 #include "app/options.h"
 #include "hostkit/explain/calendar_rules.h"
 #include "hostkit/explain/look_ahead.h"
+#include "hostkit/office/refusal.h"
+#include "hostkit/office/transaction.h"
 #include "hostkit/report/html.h"
 #include "hostkit/report/year_drawing.h"
 #include "ledgerwick/values/format.h"
@@ -22,21 +24,6 @@ struct PageOptions {
     Date payDate;
     std::string output;
 };
-
-// Thrown to leave a transaction whose work is only to be looked at.
-struct LookedAt {};
-
-template <class Work>
-void onlyLooking(HostSession& session, Work&& work) {
-    try {
-        storeOf(session).inTransaction([&] {
-            work();
-            throw LookedAt();
-        });
-    } catch (const LookedAt&) {
-        return;
-    }
-}
 
 PR_Pay_Freq frequencyOfEmployee(const cEmployee& employee) {
     return static_cast<PR_Pay_Freq>(employee.PayFrequency());
@@ -59,13 +46,11 @@ std::string whyDue(cEmployee& employee, const explain::Controllers& controllers)
 Table dueAndWhy(HostSession& session, Date upTo, const explain::Controllers& controllers) {
     Table table("due", {"naid", "name", "frequency", "last_pay", "next_pay", "period_end",
                         "periods", "why"});
-    for (const auto& employee : session.list().Employees()) {
-        const auto employment = employee->CurEmployment();
-        if (!office::isRegular(*employee) || employment->NExpPayDate() > upTo) continue;
-        if (!employment->NExpPayDate().isSet()) continue;  // no pay history; told by the run
-        table.add({employee->NAID(), employee->Name(), frequencyName(employee->PayFrequency()),
-                   employment->LastPayDate(), employment->NExpPayDate(), employment->NExpEPEDate(),
-                   office::periodsDue(session, *employee, upTo), whyDue(*employee, controllers)});
+    for (const office::DueEmployee& due : office::dueEmployees(session, upTo)) {
+        cEmployee& employee = *due.employee;
+        table.add({employee.NAID(), employee.Name(), frequencyName(employee.PayFrequency()),
+                   employee.CurEmployment()->LastPayDate(), due.nextPay, due.periodEnd, due.periods,
+                   whyDue(employee, controllers)});
     }
     return table;
 }
@@ -118,11 +103,11 @@ struct LookedUp {
 };
 
 void lookUp(HostSession& session, Date payDate, LookedUp& found) {
-    onlyLooking(session, [&] { found.gaps = fillGaps(session); });
+    office::storeOf(session).rehearse([&] { found.gaps = fillGaps(session); });
     try {
-        onlyLooking(session, [&] { found.run = openRun(session, {payDate}); });
-    } catch (const Refusal& refusal) {
-        found.refusal = refusal.what();
+        office::storeOf(session).rehearse([&] { found.run = openStep(session, {payDate}); });
+    } catch (const office::Refusal& refusal) {
+        found.refusal = refusal.Description();
     }
 }
 

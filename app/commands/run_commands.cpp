@@ -49,7 +49,7 @@ void addPlan(CLI::App& run, Context& context) {
     addSelection(*command, options->selection);
     command->callback([&context, options, step] {
         context.action = [&context, options, step] {
-            context.show(planOf(context, options->database, *step == "open" ? openRun : closeRun,
+            context.show(planOf(context, options->database, *step == "open" ? openStep : closeStep,
                                 options->selection));
         };
     });
@@ -60,9 +60,9 @@ void addPlan(CLI::App& run, Context& context) {
 void addRunCommands(CLI::App& app, Context& context) {
     auto* run = app.add_subcommand("run", "A pay run: open it, look at it, close it");
     run->require_subcommand(1);
-    addStep(*run, context, "open", "Prepare a pay record for every period due", openRun);
-    addStep(*run, context, "show", "List the open pay records; nothing is written", showRun);
-    addStep(*run, context, "close", "Close the open pay records and move the dates on", closeRun);
+    addStep(*run, context, "open", "Prepare a pay record for every period due", openStep);
+    addStep(*run, context, "show", "List the open pay records; nothing is written", showStep);
+    addStep(*run, context, "close", "Close the open pay records and move the dates on", closeStep);
 
     addPlan(*run, context);
 

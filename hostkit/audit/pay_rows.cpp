@@ -10,6 +10,7 @@
 #include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/employee/load_queries.h"
 #include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/codes.h"
 #include "ledgerwick/records/schema.h"
 
 namespace ledgerwick::audit {
@@ -17,7 +18,6 @@ namespace ledgerwick::audit {
 namespace {
 
 constexpr std::int32_t lastWeek = 53;
-constexpr std::int32_t fillerCalculation = -1;
 
 // What is held of a row until the next one of the employment was looked at.
 struct PayRow {
@@ -39,8 +39,8 @@ struct PayRow {
     }
     bool paysDaysOf(const PayRow& earlier) const {
         const bool comparable = period != 0 && earlier.period != 0 && periodEnd.isSet() &&
-                                earlier.periodEnd.isSet() && calculation != fillerCalculation &&
-                                earlier.calculation != fillerCalculation;
+                                earlier.periodEnd.isSet() && calculation != code::fillerRow &&
+                                earlier.calculation != code::fillerRow;
         const bool sameKind = period == earlier.period || (isMonthly() && earlier.isMonthly());
         return comparable && !sameKind && firstDay() <= earlier.periodEnd;
     }

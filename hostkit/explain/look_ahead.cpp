@@ -2,8 +2,6 @@
 
 #include <set>
 
-#include "hostkit/office/pay_run.h"
-
 namespace ledgerwick::explain {
 
 PayDate payDateOn(Date date, PR_Pay_Freq frequency) {
@@ -33,7 +31,7 @@ std::vector<Payer> payersOf(HostSession& session) {
         if (rules.periodName.empty()) continue;
         std::set<std::int32_t> days;
         for (const auto& employee : session.list().Employees()) {
-            if (!office::isRegular(*employee) || employee->PayFrequency() != rules.frequency) {
+            if (!isRegularActive(*employee) || employee->PayFrequency() != rules.frequency) {
                 continue;
             }
             const Date next = employee->CurEmployment()->NExpPayDate();

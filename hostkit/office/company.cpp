@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "ledgerwick/calendar/tax_calendar.h"
 #include "ledgerwick/records/schema.h"
 
 namespace ledgerwick::office {
@@ -35,12 +36,14 @@ bool hasNewcomers(Database& database) {
 }  // namespace
 
 void layDownSettings(Database& database, int taxYear) {
-    const std::int32_t payrollYear = taxYear - 1999;
+    const std::int32_t payrollYear = taxYear - calendar::calendarYearOfPayrollYear0;
     addRow(database, "PRControl",
            {{"PRCFCurrentYear", payrollYear}, {"PRCFPensionAfterTax", false}});
     for (const std::int32_t each : {payrollYear - 1, payrollYear}) {
-        addRow(database, "PRYearEnds",
-               {{"PRYEYear", each}, {"PRYEDate", Date::fromYmd(each + 2000, 4, 5)}});
+        addRow(
+            database, "PRYearEnds",
+            {{"PRYEYear", each},
+             {"PRYEDate", Date::fromYmd(each + calendar::calendarYearOfPayrollYear0 + 1, 4, 5)}});
     }
     for (const char* name : {"PRNExpD_M1", "PREPED_M1", "AEPRPStartDay"}) {
         addRow(database, "Parameters", {{"ParName", name}, {"ParValue", "0"}});

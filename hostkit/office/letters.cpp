@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "hostkit/office/pay_run.h"
 #include "ledgerwick/values/format.h"
 #include "ledgerwick/values/text.h"
 
@@ -155,7 +154,8 @@ std::string whyUnfilled(LetterValue value, std::optional<PR_AE_LETTER_TYPES> typ
 std::vector<std::shared_ptr<cEmployee>> recipients(HostSession& session, PR_AE_LETTER_TYPES type) {
     std::vector<std::shared_ptr<cEmployee>> found;
     for (const auto& employee : session.list().Employees()) {
-        if (isRegular(*employee) && receives(session, *employee, type)) found.push_back(employee);
+        if (isRegularActive(*employee) && receives(session, *employee, type))
+            found.push_back(employee);
     }
     return found;
 }

@@ -1,6 +1,7 @@
 #include <span>
 
 #include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/employee/regular.h"
 #include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/values/text.h"
 
@@ -67,7 +68,7 @@ ResultTable CPayrollFunctions::C_ActiveEmployees(bool bIncPOFields) {
 
     for (const auto& held : employeeList().Employees()) {
         cEmployee& employee = used(held, "C_ActiveEmployees");
-        if (!employee.Active() || employee.Casual()) continue;
+        if (!isRegularActive(employee)) continue;
         table.AddNew();
         fill(table, shortColumns, employee);
         if (bIncPOFields) fill(table, longColumns, employee);

@@ -2,6 +2,7 @@
 
 #include "ledgerwick/autoenrol/auto_enrol_status.h"
 #include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/employee/regular.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/records/schema.h"
@@ -88,7 +89,7 @@ ResultTable CPayrollFunctions::GetAEStatus(Date dtDateUpTo, std::int32_t lPayrol
 
     SchemeNames schemeNames;
     const auto addRow = [&](cEmployee& employee) {
-        if (!employee.Active() || employee.Casual()) return;
+        if (!isRegularActive(employee)) return;
         const auto status = employee.GetAutoEnrolStatus(dtDateUpTo, lPayrollYear, bPeriodUpdated);
         table.AddNew();
         for (const Column& column : columns) {

@@ -5,15 +5,13 @@
 
 #include "ledgerwick/employment/employment.h"
 #include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/codes.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/format.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick {
 namespace {
-
-constexpr std::int16_t uncheckedStatus = 1;
-constexpr std::int16_t closedStatus = 5;
 
 using Earnings = std::shared_ptr<CImportedEarnings>;
 
@@ -34,7 +32,7 @@ CImportedEarnings& takeOrMake(Dictionary<Key, Earnings>& lines, const Key& key) 
 
 std::string setClauses(std::int16_t toStatus, std::int32_t invoice, const Variant& orderReference) {
     std::string clauses = "   OrdStatus = " + std::to_string(toStatus) + " ";
-    if (toStatus != closedStatus) return clauses;
+    if (toStatus != code::closedOrder) return clauses;
     if (invoice != 0) clauses += ", OrdInvID = " + std::to_string(invoice) + " ";
     const bool isNullObject = orderReference.isObject() && !orderReference.toObject();
     if (!orderReference.isEmpty() && !isNullObject) {
@@ -97,7 +95,8 @@ void cEmployment::ResetImportedPay() {
 void cEmployment::AddImportedEarnings(Recordset& rsPay) {
     if (!earnings_) earnings_ = std::make_unique<EarningsStore>();
     const std::int16_t status = rsPay.GetInt16(field::OrdStatus);
-    EarningsByOrder& target = status == uncheckedStatus ? earnings_->unchecked : earnings_->checked;
+    EarningsByOrder& target =
+        status == code::uncheckedOrder ? earnings_->unchecked : earnings_->checked;
 
     CImportedEarnings& line = takeOrMake(target, rsPay.GetInt32(field::OrdID));
     line.OrdID(rsPay.GetInt32(field::OrdID));

@@ -6,14 +6,10 @@
 #include <string_view>
 
 #include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/employee/regular.h"
 #include "ledgerwick/values/error.h"
 
 namespace ledgerwick::payrun {
-
-// Whether pay runs and pay dates concern the employee at all: employed now, and not casual.
-inline bool isRegularActive(const cEmployee& employee) noexcept {
-    return employee.Active() && !employee.Casual();
-}
 
 inline PR_Pay_Freq frequencyOf(const cEmployee& employee) noexcept {
     return static_cast<PR_Pay_Freq>(employee.PayFrequency());

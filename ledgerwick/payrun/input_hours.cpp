@@ -10,6 +10,7 @@
 #include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/payrun/due_employees.h"
 #include "ledgerwick/payrun/pay_record.h"
+#include "ledgerwick/payrun/run_array.h"
 #include "ledgerwick/records/pay_row_order.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/records/statement.h"
@@ -38,7 +39,7 @@ struct Choice {
     std::int32_t naid;
 
     bool holds(const cEmployee& employee) const {
-        return payrun::isRegularActive(employee) && (naid == 0 || employee.NAID() == naid) &&
+        return isRegularActive(employee) && (naid == 0 || employee.NAID() == naid) &&
                (frequency < 0 || employee.PayFrequency() == frequency) &&
                (group == 0 || employee.Group() == group);
     }
@@ -72,18 +73,6 @@ std::vector<std::int32_t> naidsOf(const std::vector<Selected>& selection) {
     return naids;
 }
 
-// ---- the rows of the result array; row 5 stays empty
-
-enum ColumnRow : std::int32_t {
-    rowNAID = 1,
-    rowPayRecord = 2,
-    rowFirstDay = 3,
-    rowLastDay = 4,
-    rowImportedPay = 6,
-    rowWeekNo = 7,
-    rowPaymentPeriod = 8,
-};
-
 }  // namespace
 
 // One opening of a run, employee by employee. Each period adds a column.
@@ -113,12 +102,12 @@ class CPayrollFunctions::InputHours {
     }
     bool periodsRemain() const { return item_ < weeks_.size(); }
     std::int32_t week() const { return weeks_[item_]; }
-    Variant& cell(ColumnRow row) { return columns_.at(row, columns_.upperBound(2)); }
+    Variant& cell(std::int32_t row) { return columns_.at(row, columns_.upperBound(2)); }
 
     CPayrollFunctions& payroll_;
     const Date payDate_;
     bool& hasUnchecked_;
-    VariantArray columns_{1, 8, 1, 1};
+    VariantArray columns_{1, run_array::rows, 1, 1};
 
     // The employee who is being prepared.
     std::shared_ptr<cEmployee> employee_;
@@ -222,12 +211,12 @@ void CPayrollFunctions::InputHours::addRows() {
 void CPayrollFunctions::InputHours::openColumn() {
     from_ = employment_->PRTStartDate() > from_ ? employment_->PRTStartDate() : from_;
     if (from_ > epe_) from_ = epe_;
-    if (!cell(rowNAID).isEmpty()) columns_.resizeLast(addInt32(columns_.upperBound(2), 1));
-    cell(rowNAID) = employee_->NAID();
-    cell(rowFirstDay) = from_;
-    cell(rowLastDay) = epe_;
+    if (!cell(run_array::naid).isEmpty()) columns_.resizeLast(addInt32(columns_.upperBound(2), 1));
+    cell(run_array::naid) = employee_->NAID();
+    cell(run_array::firstDay) = from_;
+    cell(run_array::lastDay) = epe_;
     takeImportedPay();
-    cell(rowImportedPay) = imported_ ? Variant(*imported_) : Variant("N");
+    cell(run_array::importedPay) = imported_ ? Variant(*imported_) : Variant("N");
 }
 
 // Imported pay goes into the employee's first period only. Earnings go into the period in which they
@@ -252,9 +241,9 @@ void CPayrollFunctions::InputHours::updateRow() {
 }
 
 void CPayrollFunctions::InputHours::closeColumn() {
-    cell(rowPayRecord) = rows_->GetInt32(field::PRPID);
-    cell(rowWeekNo) = rows_->GetInt32(field::PRPWeekNo);
-    cell(rowPaymentPeriod) = rows_->GetInt32(field::PRPPaymentPeriod);
+    cell(run_array::payRecord) = rows_->GetInt32(field::PRPID);
+    cell(run_array::weekNo) = rows_->GetInt32(field::PRPWeekNo);
+    cell(run_array::paymentPeriod) = rows_->GetInt32(field::PRPPaymentPeriod);
 }
 
 Variant CPayrollFunctions::C_InputHoursInit(Date dPayDateIn, std::int32_t lngFrequencyIn,

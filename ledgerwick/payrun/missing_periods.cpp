@@ -5,6 +5,7 @@
 #include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/codes.h"
 #include "ledgerwick/records/pay_row_order.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/records/statement.h"
@@ -15,8 +16,6 @@ namespace ledgerwick {
 using namespace field;
 
 namespace {
-
-constexpr std::int32_t fillerCalculation = -1;
 
 constexpr std::array identity{PRPNAID, PRPPYEmployCount, PRPPayrollYear};
 constexpr std::array taxDetails{PRPNITable, PRPTaxCode, PRPWeek1, PRPDirector};
@@ -111,7 +110,7 @@ void addFiller(Recordset& rows, const MissingPeriod& missing, const RowBefore& b
     rows.Value(PRPPeriodUpdated, true);
     rows.Value(PRPHasBeenVisited, true);
     copy(after, rows, taxDetails);
-    rows.Value(PRPCalculationUsed, fillerCalculation);
+    rows.Value(PRPCalculationUsed, code::fillerRow);
     copy(after, rows, worksDetails);
     rows.Value(PRPRTILateReason, "H");
     rows.Value(PRPDoB, after.Value(PRPDoB));

@@ -13,7 +13,6 @@ namespace ledgerwick {
 namespace {
 
 using payrun::frequencyOf;
-using payrun::isRegularActive;
 
 constexpr int friday = 6;  // 1 = Sunday
 

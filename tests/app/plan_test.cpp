@@ -96,11 +96,11 @@ TEST(Plan, IsExactlyWhatTheStepThenWrites) {
         std::size_t rows;
     };
     const Step steps[] = {
-        {openRun, {payDate, PFREQ_1Weekly, 0, 0}, 17},            // added
-        {openRun, {payDate.addDays(7), PFREQ_SelAll, 0, 0}, 67},  // 17 moved on, 50 added
-        {closeRun, {payDate.addDays(7), PFREQ_1Weekly, 0, 0}, 43},
-        {closeRun, {payDate.addDays(7), PFREQ_SelAll, 0, 0}, 33},  // longer dates looked ahead
-        {closeRun, {payDate.addDays(7), PFREQ_SelAll, 0, 0}, 0},   // nothing is left
+        {openStep, {payDate, PFREQ_1Weekly, 0, 0}, 17},            // added
+        {openStep, {payDate.addDays(7), PFREQ_SelAll, 0, 0}, 67},  // 17 moved on, 50 added
+        {closeStep, {payDate.addDays(7), PFREQ_1Weekly, 0, 0}, 43},
+        {closeStep, {payDate.addDays(7), PFREQ_SelAll, 0, 0}, 33},  // longer dates looked ahead
+        {closeStep, {payDate.addDays(7), PFREQ_SelAll, 0, 0}, 0},   // nothing is left
     };
     for (const Step& step : steps) {
         const Cells before = cellsOf(*database);

@@ -1,15 +1,15 @@
-// What the command adds to a pay run as a host: marks and imported pay.
-#include "app/commands/pay_run.h"
+// The road of a pay run around the library's own operations.
+#include "hostkit/office/pay_run.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
 
-#include "app/context.h"
 #include "hostkit/exchange/company_files.h"
+#include "hostkit/office/refusal.h"
 
-namespace ledgerwick::app {
+namespace ledgerwick::office {
 namespace {
 
 const Date payDate = Date::fromYmd(2026, 1, 30);
@@ -59,4 +59,4 @@ TEST_F(SampleRun, AnEmployeeWithoutPayHistoryIsRefusedAndNothingIsWritten) {
 }
 
 }  // namespace
-}  // namespace ledgerwick::app
+}  // namespace ledgerwick::office
