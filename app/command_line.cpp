@@ -10,6 +10,7 @@
 #include "app/commands/commands.h"
 #include "app/context.h"
 #include "app/options.h"
+#include "hostkit/all_stores.h"
 #include "hostkit/exchange/company_files.h"
 #include "hostkit/office/refusal.h"
 #include "hostkit/services/terminal_text.h"
@@ -51,10 +52,10 @@ void addToday(CLI::App& app, Context& context) {
 }
 
 void addDurability(CLI::App& app, Context& context) {
-    static const std::map<std::string, sqlite::Durability> settings{
-        {"each-update", sqlite::Durability::EachUpdate},
-        {"batched", sqlite::Durability::Batched},
-        {"relaxed", sqlite::Durability::Relaxed},
+    static const std::map<std::string, store::Durability> settings{
+        {"each-update", store::Durability::EachUpdate},
+        {"batched", store::Durability::Batched},
+        {"relaxed", store::Durability::Relaxed},
     };
     const auto choose = [&context](const std::string& name) {
         context.durability = settings.at(name);
@@ -100,6 +101,7 @@ int runAction(const Context& context) {
 }  // namespace
 
 int runCommandLine(std::vector<std::string> arguments, std::ostream& out, std::ostream& err) {
+    registerStores();
     Context context(out, err);
     CLI::App app("Runs a UK payroll database with the Ledgerwick library.", "ledgerwick");
     app.footer(footer);

@@ -2,12 +2,11 @@
 
 #include <chrono>
 #include <ctime>
-#include <filesystem>
 #include <iostream>
 
 #include "hostkit/office/company.h"
-#include "hostkit/recording/recording_database.h"
 #include "hostkit/services/terminal_label.h"
+#include "hostkit/store/open.h"
 
 namespace ledgerwick::app {
 
@@ -25,9 +24,9 @@ Date Context::today() const {
     return fixedToday ? *fixedToday : dayOfClock();
 }
 
-std::shared_ptr<sqlite::SqliteDatabase> openFile(const Context& context, const std::string& path) {
-    if (!std::filesystem::exists(path)) throw Refusal("there is no database " + path);
-    return sqlite::SqliteDatabase::open(path, {.durability = context.durability});
+std::shared_ptr<store::CompanyStore> openFile(const Context& context, const std::string& path) {
+    if (!store::exists(path)) throw Refusal("there is no database " + path);
+    return store::open(path, {.durability = context.durability});
 }
 
 std::unique_ptr<HostSession> sessionOn(const Context& context, std::shared_ptr<Database> database,

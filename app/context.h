@@ -12,7 +12,7 @@
 #include "app/report.h"
 #include "hostkit/explain/words.h"
 #include "hostkit/services/host_session.h"
-#include "hostkit/sqlite/database.h"
+#include "hostkit/store/company_store.h"
 #include "ledgerwick/ledgerwick.h"
 
 namespace ledgerwick::app {
@@ -42,7 +42,7 @@ struct Context {
     Format format = Format::Text;
     // `--durability`. A power cut takes no more than the operation that was running and had not
     // reported yet.
-    sqlite::Durability durability = sqlite::Durability::Batched;
+    store::Durability durability = store::Durability::Batched;
     std::function<void()> action;  // the command chosen
     ExitCode outcome = exitDone;   // what a command has to tell beside its report
 
@@ -66,9 +66,9 @@ std::unique_ptr<HostSession> openCompanyOfNewcomers(const Context& context,
 std::unique_ptr<HostSession> loadCompany(const Context& context, std::shared_ptr<Database> database,
                                          const std::string& programPath = {});
 
-// The file of a company.
+// The store of a company.
 // Errors: Refusal when there is none.
-std::shared_ptr<sqlite::SqliteDatabase> openFile(const Context& context, const std::string& path);
+std::shared_ptr<store::CompanyStore> openFile(const Context& context, const std::string& path);
 
 // A session in which nobody is loaded yet.
 std::unique_ptr<HostSession> sessionOn(const Context& context, std::shared_ptr<Database> database,

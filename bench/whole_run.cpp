@@ -73,8 +73,8 @@ std::string freshCopy(const std::string& company, const char* name) {
 }
 
 std::shared_ptr<ledgerwick::sqlite::SqliteDatabase> openKit(const std::string& path) {
-    ledgerwick::sqlite::OpenOptions options;
-    options.durability = ledgerwick::sqlite::Durability::Relaxed;
+    ledgerwick::store::OpenOptions options;
+    options.durability = ledgerwick::store::Durability::Relaxed;
     return ledgerwick::sqlite::SqliteDatabase::open(path, options);
 }
 

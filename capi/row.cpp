@@ -4,7 +4,7 @@
 
 #include "capi/columns.h"
 #include "capi/session.h"
-#include "hostkit/sqlite/recordset.h"
+#include "hostkit/store/company_recordset.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::c {
@@ -45,10 +45,6 @@ const TableName& tableNamed(const char* name, bool forWork) {
     raise(LEDGERWICK_NO_SUCH_NAME, here, "table " + wanted);
 }
 
-std::string selectWhere(const TableName& table, const std::string& condition) {
-    return "SELECT * FROM " + std::string(table.name) + " WHERE " + condition;
-}
-
 // A field that is declared as a number of any kind holds one with a fraction.
 std::int32_t kindOfDeclared(VariantKind declared) {
     return declared == VariantKind::Empty ? std::int32_t{LEDGERWICK_DOUBLE} : kindOf(declared);
@@ -66,12 +62,9 @@ std::vector<FieldOf> fieldsOf(Session& session, const TableName& table) {
     if (isMissing(session, table)) {
         return {{"PRPINAID", LEDGERWICK_INTEGER}, {"PRPIPay", LEDGERWICK_DOUBLE}};
     }
-    const auto rows =
-        session.database().OpenRecordset(selectWhere(table, "False"), RecordsetType::Snapshot);
-    const auto& set = dynamic_cast<const sqlite::SqliteRecordset&>(*rows);
     std::vector<FieldOf> fields;
-    for (std::size_t i = 0; i < set.fieldCount(); ++i) {
-        fields.push_back({std::string(set.fieldName(i)), kindOfDeclared(set.fieldKind(i))});
+    for (const store::FieldDescription& field : session.database().fieldsOf(table.name)) {
+        fields.push_back({field.name, kindOfDeclared(field.kind)});
     }
     return fields;
 }
@@ -122,7 +115,7 @@ class Row : public Held {
         mark(field);
         const std::string name = textIn(field, here);
         sessionIn(session_);
-        const auto& set = dynamic_cast<const sqlite::SqliteRecordset&>(*row_);
+        const auto& set = dynamic_cast<const store::CompanyRecordset&>(*row_);
         for (std::size_t i = 0; i < set.fieldCount(); ++i) {
             if (equalsIgnoringCase(set.fieldName(i), name)) return kindOfDeclared(set.fieldKind(i));
         }

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
 
+#include "hostkit/all_stores.h"
 #include "hostkit/history/as_of.h"
 #include "hostkit/office/company.h"
+#include "hostkit/store/open.h"
 #include "ledgerwick/values/utf8.h"
 #include "ledgerwick/version.h"
 
@@ -28,12 +29,12 @@ ledgerwick_options optionsIn(const ledgerwick_options* options) {
     return known;
 }
 
-sqlite::OpenOptions openOptions(const ledgerwick_options& options) {
+store::OpenOptions openOptions(const ledgerwick_options& options) {
     const bool isKnown = options.durability >= LEDGERWICK_EACH_UPDATE &&
                          options.durability <= LEDGERWICK_RELAXED && options.busy_timeout >= 0;
     if (!isKnown) raise(LEDGERWICK_INVALID_CALL, opening, "durability or busy_timeout");
-    sqlite::OpenOptions open;
-    open.durability = static_cast<sqlite::Durability>(options.durability);
+    store::OpenOptions open;
+    open.durability = static_cast<store::Durability>(options.durability);
     if (options.busy_timeout > 0) {
         open.busyTimeout = std::chrono::milliseconds(options.busy_timeout);
     }
@@ -49,13 +50,6 @@ HostSettings settings(const ledgerwick_options& options) {
     return host;
 }
 
-void removeFile(const std::string& path) {
-    std::error_code ignored;
-    for (const char* ending : {"", "-wal", "-shm"}) {
-        std::filesystem::remove(path + ending, ignored);
-    }
-}
-
 void create(const std::string& path, std::int32_t taxYear) {
     if (taxYear < firstTaxYear || taxYear > lastTaxYear) {
         raise(LEDGERWICK_INVALID_CALL, creating, "tax year " + std::to_string(taxYear));
@@ -63,43 +57,40 @@ void create(const std::string& path, std::int32_t taxYear) {
     if (path.empty() || path == ":memory:") {
         raise(LEDGERWICK_INVALID_CALL, creating, "the path is no file's");
     }
-    if (std::filesystem::exists(path)) {
+    registerStores();
+    if (store::exists(path)) {
         throw Error(LEDGERWICK_FILE_EXISTS, std::string(creating), "File already exists: " + path);
     }
+    const auto company = store::create(path);
     try {
-        const auto database = sqlite::SqliteDatabase::open(path);
-        database->inTransaction([&] {
-            database->createSchema();
-            office::layDownSettings(*database, taxYear);
-        });
+        company->inTransaction([&] { office::layDownSettings(*company, taxYear); });
     } catch (...) {
-        removeFile(path);
+        store::remove(path);
         throw;
     }
 }
 
-std::shared_ptr<sqlite::SqliteDatabase> openExisting(const std::string& path,
-                                                     const sqlite::OpenOptions& options) {
-    if (!std::filesystem::is_regular_file(path)) {
-        raise(LEDGERWICK_NO_SUCH_FILE, opening, path);
-    }
-    std::shared_ptr<sqlite::SqliteDatabase> database;
+std::shared_ptr<store::CompanyStore> openExisting(const std::string& path,
+                                                  const store::OpenOptions& options) {
+    registerStores();
+    if (!store::exists(path)) raise(LEDGERWICK_NO_SUCH_FILE, opening, path);
+    std::shared_ptr<store::CompanyStore> company;
     try {
-        database = sqlite::SqliteDatabase::open(path, options);
-        if (!database->tableExists("PRControl")) database = nullptr;
+        company = store::open(path, options);
+        if (!company->tableExists("PRControl")) company = nullptr;
     } catch (const Error& failure) {
         if (failure.Description().find("not a database") == std::string::npos) throw;
     }
-    if (!database) {
+    if (!company) {
         throw Error(LEDGERWICK_NOT_A_COMPANY, std::string(opening),
                     path + " holds no company; ledgerwick_company_create makes one");
     }
-    return database;
+    return company;
 }
 
 }  // namespace
 
-Session::Session(const std::string& path, Date today, const sqlite::OpenOptions& options,
+Session::Session(const std::string& path, Date today, const store::OpenOptions& options,
                  HostSettings settings, Date asOf)
     : database_(openExisting(path, options)) {
     if (asOf.isSet()) history::showAsOf(*database_, asOf);

@@ -10,7 +10,7 @@
 #include "capi/call.h"
 #include "hostkit/office/pay_run.h"
 #include "hostkit/services/host_session.h"
-#include "hostkit/sqlite/database.h"
+#include "hostkit/store/company_store.h"
 
 namespace ledgerwick::c {
 
@@ -20,11 +20,11 @@ inline constexpr std::int32_t lastTaxYear = 9990;
 
 class Session : public Held {
   public:
-    Session(const std::string& path, Date today, const sqlite::OpenOptions& options,
+    Session(const std::string& path, Date today, const store::OpenOptions& options,
             HostSettings settings, Date asOf);
 
     HostSession& host() noexcept { return *host_; }
-    sqlite::SqliteDatabase& database() noexcept { return *database_; }
+    store::CompanyStore& database() noexcept { return *database_; }
     std::shared_ptr<Database> sharedDatabase() const { return database_; }
     CPayrollFunctions& payroll() noexcept { return host_->payroll(); }
     CEmployeeList& list() noexcept { return host_->list(); }
@@ -59,7 +59,7 @@ class Session : public Held {
     std::map<std::string_view, std::vector<std::string>> fields_;
     std::string message_;
     std::string text_;
-    std::shared_ptr<sqlite::SqliteDatabase> database_;
+    std::shared_ptr<store::CompanyStore> database_;
     std::unique_ptr<HostSession> host_;
 };
 

@@ -1,6 +1,6 @@
 # Installs the library, the kit, the command and the package that find_package(Ledgerwick) reads.
-# Three components: Runtime is what a built host needs, Development what building one needs, Command
-# the program.
+# Runtime is what a built host needs, Sqlite the store on SQLite, Development what building a host
+# needs, Command the program.
 include(CMakePackageConfigHelpers)
 
 set(LEDGERWICK_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Ledgerwick)
@@ -9,13 +9,15 @@ set(LEDGERWICK_BASH_COMPLETION_DIR ${CMAKE_INSTALL_DATADIR}/bash-completion/comp
 set(LEDGERWICK_ZSH_COMPLETION_DIR ${CMAKE_INSTALL_DATADIR}/zsh/site-functions
     CACHE STRING "Where zsh looks for completions")
 
-# A library with its links: ledgerwick_install_library(TARGET EXPORT_SET)
+# A library with its links: ledgerwick_install_library(TARGET EXPORT_SET [COMPONENT])
 function(ledgerwick_install_library target export)
+  set(component Runtime ${ARGN})
+  list(POP_BACK component component)
   install(
     TARGETS ${target}
     EXPORT ${export}
-    RUNTIME COMPONENT Runtime
-    LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
+    RUNTIME COMPONENT ${component}
+    LIBRARY COMPONENT ${component} NAMELINK_COMPONENT Development
     ARCHIVE COMPONENT Development)
 endfunction()
 
@@ -32,6 +34,10 @@ foreach(header ${internal_headers})
   list(APPEND internal_patterns REGEX "/${header}$" EXCLUDE)
 endforeach()
 
+if(NOT TARGET ledgerwick_sqlite)
+  list(APPEND internal_patterns PATTERN hostkit/sqlite EXCLUDE)
+endif()
+
 # The headers of one of the project's folders: ledgerwick_install_headers(FOLDER)
 function(ledgerwick_install_headers folder)
   install(DIRECTORY ${folder} DESTINATION ${LEDGERWICK_INCLUDE_DIR} COMPONENT Development
@@ -44,12 +50,12 @@ file(RELATIVE_PATH LEDGERWICK_PC_TO_PREFIX
 set(LEDGERWICK_PC_STATIC "")
 set(LEDGERWICK_HOSTKIT_PC_STATIC "")
 set(LEDGERWICK_C_PC_STATIC "")
-set(LEDGERWICK_HOSTKIT_PC_REQUIRES "")
+set(LEDGERWICK_SQLITE_PC_REQUIRES "")
 if(NOT BUILD_SHARED_LIBS)
   set(LEDGERWICK_PC_STATIC "-DLEDGERWICK_STATIC")
   set(LEDGERWICK_HOSTKIT_PC_STATIC "-DLEDGERWICK_HOSTKIT_STATIC")
   set(LEDGERWICK_C_PC_STATIC "-DLEDGERWICK_C_STATIC")
-  set(LEDGERWICK_HOSTKIT_PC_REQUIRES ", sqlite3")
+  set(LEDGERWICK_SQLITE_PC_REQUIRES ", sqlite3")
 endif()
 
 ledgerwick_install_library(ledgerwick LedgerwickTargets)
@@ -62,7 +68,7 @@ if(LEDGERWICK_WITH_HOSTKIT)
   ledgerwick_install_library(ledgerwick_hostkit LedgerwickHostkitTargets)
   ledgerwick_install_headers(hostkit)
   ledgerwick_install_pkg_config(ledgerwick-hostkit)
-  ledgerwick_install_library(ledgerwick_c LedgerwickHostkitTargets)
+  ledgerwick_install_library(ledgerwick_c LedgerwickCTargets)
   ledgerwick_install_pkg_config(ledgerwick-c)
   install(FILES capi/ledgerwick_c.h DESTINATION ${LEDGERWICK_INCLUDE_DIR} COMPONENT Development)
   # Fernbank is looked for in the library's own folder, and by a static library in the program's.
@@ -72,10 +78,18 @@ if(LEDGERWICK_WITH_HOSTKIT)
   endif()
   install(TARGETS fernbank EXPORT LedgerwickHostkitTargets LIBRARY DESTINATION ${fernbank_folder}
           COMPONENT Runtime)
-  install(FILES hostkit/sqlite/schema.sql DESTINATION ${CMAKE_INSTALL_DATADIR}/ledgerwick
-          COMPONENT Command)
   install(EXPORT LedgerwickHostkitTargets NAMESPACE Ledgerwick::
           DESTINATION ${LEDGERWICK_PACKAGE_DIR} COMPONENT Development)
+  install(EXPORT LedgerwickCTargets NAMESPACE Ledgerwick::
+          DESTINATION ${LEDGERWICK_PACKAGE_DIR} COMPONENT Development)
+endif()
+if(TARGET ledgerwick_sqlite)
+  ledgerwick_install_library(ledgerwick_sqlite LedgerwickSqliteTargets Sqlite)
+  install(EXPORT LedgerwickSqliteTargets NAMESPACE Ledgerwick::
+          DESTINATION ${LEDGERWICK_PACKAGE_DIR} COMPONENT Development)
+  ledgerwick_install_pkg_config(ledgerwick-sqlite)
+  install(FILES hostkit/sqlite/schema.sql DESTINATION ${CMAKE_INSTALL_DATADIR}/ledgerwick
+          COMPONENT Command)
 endif()
 # The Python package, where the system's Python looks for such: packaging/build-deb names the folder.
 if(LEDGERWICK_WITH_HOSTKIT AND LEDGERWICK_PYTHON_DIR)

@@ -6,6 +6,9 @@ set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENCE)
 set(CPACK_PACKAGE_CONTACT "Ledgerwick developers <developers@ledgerwick.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_COMPONENTS_ALL Runtime Development)
+if(TARGET ledgerwick_sqlite)
+  list(APPEND CPACK_COMPONENTS_ALL Sqlite)
+endif()
 if(TARGET ledgerwick_command)
   list(APPEND CPACK_COMPONENTS_ALL Command)
 endif()
@@ -34,16 +37,29 @@ set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
  of pension auto-enrolment.
  .
  This package holds the shared libraries: the component, the ready-made
- host layer on SQLite, the C interface, and the data-access object that the
- component loads.")
+ host layer, the C interface, and the data-access object that the component
+ loads. A company in a file needs libledgerwick-sqlite${PROJECT_VERSION_MAJOR} as well.")
+set(sqlite_package libledgerwick-sqlite${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS ${sqlite_package})
 # The linker's own cache is brought up to date, as for every shared library.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
+
+set(CPACK_DEBIAN_SQLITE_PACKAGE_NAME ${sqlite_package})
+set(CPACK_DEBIAN_SQLITE_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_SQLITE_PACKAGE_DEPENDS "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}")
+set(CPACK_DEBIAN_SQLITE_DESCRIPTION
+    "UK payroll object library: companies in SQLite files
+ Ledgerwick is a payroll object library that an accounts suite loads
+ in-process.
+ .
+ This package holds the store that keeps a company in an SQLite file.")
+set(CPACK_DEBIAN_SQLITE_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libledgerwick-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}")
+    "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}, ${sqlite_package} ${same_version}")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
     "UK payroll object library: headers
  Ledgerwick is a payroll object library that an accounts suite loads
@@ -54,7 +70,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
 
 set(CPACK_DEBIAN_COMMAND_PACKAGE_NAME ledgerwick)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_SECTION misc)
-set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}")
+set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS
+    "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}, ${sqlite_package} ${same_version}")
 set(CPACK_DEBIAN_COMMAND_DESCRIPTION
     "UK payroll from the command line
  The command ledgerwick runs a payroll database with the library of the
@@ -70,7 +87,7 @@ set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
-    "python3 (>= 3.9), ${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}")
+    "python3 (>= 3.9), ${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}, ${sqlite_package} ${same_version}")
 # Python's own tools compile the package when it comes and clear up when it goes.
 set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
     "${PROJECT_SOURCE_DIR}/packaging/debian/python/postinst;${PROJECT_SOURCE_DIR}/packaging/debian/python/prerm")

@@ -8,7 +8,7 @@
 
 #include "fuzz/harness.h"
 #include "hostkit/sqlite/database.h"
-#include "hostkit/sqlite/recordset.h"
+#include "hostkit/store/company_recordset.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::fuzz {
@@ -35,7 +35,7 @@ std::string contents(Database& database) {
                             "sqlite_temp_schema)",
                             "SELECT group_concat(NAID || NABusName) FROM Customers"}) {
         const auto rows = database.OpenRecordset(sql, RecordsetType::Snapshot);
-        const auto& fields = dynamic_cast<const sqlite::SqliteRecordset&>(*rows);
+        const auto& fields = dynamic_cast<const store::CompanyRecordset&>(*rows);
         text += rows->Value(fields.fieldName(0)).toText() + '\n';
     }
     return text;

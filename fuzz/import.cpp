@@ -58,7 +58,7 @@ class Company {
         }
         return text;
     }
-    std::shared_ptr<sqlite::SqliteDatabase> database = exchange::openDatabaseFile(":memory:");
+    std::shared_ptr<store::CompanyStore> database = exchange::openOrCreate(":memory:");
 };
 
 }  // namespace

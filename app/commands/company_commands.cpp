@@ -1,10 +1,10 @@
-#include <filesystem>
 #include <memory>
 
 #include "app/commands/commands.h"
 #include "app/options.h"
 #include "hostkit/exchange/company_files.h"
 #include "hostkit/office/company.h"
+#include "hostkit/store/open.h"
 #include "ledgerwick/calendar/tax_calendar.h"
 
 namespace ledgerwick::app {
@@ -17,15 +17,11 @@ struct CompanyOptions {
     int year = 0;
 };
 
-void removeFile(const std::string& path) {
-    for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(path + ending);
-}
-
 void runNew(const Context& context, const CompanyOptions& options) {
-    if (std::filesystem::exists(options.database)) {
+    if (store::exists(options.database)) {
         throw Refusal(options.database + " is there already");
     }
-    office::layDownSettings(*exchange::openDatabaseFile(options.database), options.year);
+    office::layDownSettings(*store::create(options.database), options.year);
     Report report;
     report.say(options.database + " created for the tax year from 6 April " +
                std::to_string(options.year) + ", payroll year " +
@@ -47,25 +43,25 @@ void show(const Context& context, const std::vector<exchange::TableCount>& count
 }
 
 void runImport(const Context& context, const CompanyOptions& options) {
-    const bool isNew = !std::filesystem::exists(options.database);
+    const bool isNew = !store::exists(options.database);
     try {
-        const auto database = exchange::openDatabaseFile(options.database);
+        const auto database = exchange::openOrCreate(options.database);
         show(context, exchange::importCompany(*database, options.folder), "imported");
         for (const std::string& broken : exchange::brokenLinks(*database)) {
             context.err << "ledgerwick: warning: " << broken << '\n';
         }
     } catch (...) {
-        if (isNew) removeFile(options.database);
+        if (isNew) store::remove(options.database);
         throw;
     }
 }
 
 void runExport(const Context& context, const CompanyOptions& options) {
-    if (!std::filesystem::exists(options.database)) {
+    if (!store::exists(options.database)) {
         throw Refusal("there is no database " + options.database);
     }
     show(context,
-         exchange::exportCompany(*exchange::openDatabaseFile(options.database), options.folder),
+         exchange::exportCompany(*exchange::openOrCreate(options.database), options.folder),
          "exported");
 }
 

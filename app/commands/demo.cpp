@@ -90,7 +90,7 @@ class Demo {
 
     void importSample(const std::string& databasePath) {
         step("Import the company from CSV files into a fresh database");
-        const auto database = exchange::openDatabaseFile(databasePath);
+        const auto database = exchange::openOrCreate(databasePath);
         std::int64_t rows = 0;
         const auto counts = exchange::importCompany(*database, company_);
         for (const exchange::TableCount& count : counts)

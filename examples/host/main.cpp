@@ -3,6 +3,7 @@
 //   example_host company.db
 #include <hostkit/services/host_session.h>
 #include <hostkit/sqlite/database.h>
+#include <hostkit/sqlite/store_kind.h>
 #include <ledgerwick/ledgerwick.h>
 
 #include <filesystem>
@@ -66,6 +67,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
+        sqlite::registerStore();
         run(argv[1]);
         return 0;
     } catch (const Error& error) {

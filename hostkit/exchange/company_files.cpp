@@ -9,6 +9,7 @@
 #include "hostkit/exchange/csv.h"
 #include "hostkit/exchange/tables.h"
 #include "hostkit/services/terminal_text.h"
+#include "hostkit/store/open.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::exchange {
@@ -279,16 +280,17 @@ std::size_t exportTable(Database& database, const TableLayout& table,
 
 }  // namespace
 
-std::shared_ptr<sqlite::SqliteDatabase> openDatabaseFile(const std::string& path) {
-    auto database = sqlite::SqliteDatabase::open(path);
-    database->createSchema();
-    return database;
+std::shared_ptr<store::CompanyStore> openOrCreate(const std::string& name) {
+    if (!store::exists(name)) return store::create(name);
+    auto company = store::open(name);
+    company->createSchema();
+    return company;
 }
 
 BadFiles::BadFiles(const std::vector<std::string>& faults)
     : std::runtime_error(toldFaults(faults)) {}
 
-std::vector<TableCount> importCompany(sqlite::SqliteDatabase& database,
+std::vector<TableCount> importCompany(store::CompanyStore& database,
                                       const std::filesystem::path& folder) {
     std::vector<std::string> faults;
     const auto tables = companyTables(database);
@@ -317,7 +319,7 @@ std::vector<std::string> brokenLinks(Database& database) {
     return sentences;
 }
 
-std::vector<TableCount> exportCompany(sqlite::SqliteDatabase& database,
+std::vector<TableCount> exportCompany(store::CompanyStore& database,
                                       const std::filesystem::path& folder) {
     std::filesystem::create_directories(folder);
     std::vector<TableCount> counts;

@@ -9,13 +9,12 @@
 #include <vector>
 
 #include "hostkit/export.h"
-#include "hostkit/sqlite/database.h"
+#include "hostkit/store/company_store.h"
 
 namespace ledgerwick::exchange {
 
-// The database file, made if need be, with the kit's tables in it.
-LEDGERWICK_HOSTKIT_API std::shared_ptr<sqlite::SqliteDatabase> openDatabaseFile(
-    const std::string& path);
+// The company of that name, with every table of the kit; created if need be.
+LEDGERWICK_HOSTKIT_API std::shared_ptr<store::CompanyStore> openOrCreate(const std::string& name);
 
 // What is wrong with the files of an import, a line for each fault: "PRPay.csv, line 12, field
 // PRPPayDate: "2025-02-30" is not a date (YYYY-MM-DD)".
@@ -35,7 +34,7 @@ struct TableCount {
 // stored. A row whose key is in the database already is a fault, except in the settings
 // (`PRControl`, `PRYearEnds`, `Parameters`), where it takes the old row's place.
 // Errors: BadFiles, and then nothing was stored; those of the database.
-LEDGERWICK_HOSTKIT_API std::vector<TableCount> importCompany(sqlite::SqliteDatabase& database,
+LEDGERWICK_HOSTKIT_API std::vector<TableCount> importCompany(store::CompanyStore& database,
                                                              const std::filesystem::path& folder);
 
 // What would stop a load: employees, pay rows and imported pay that lack the row that they belong to.
@@ -45,7 +44,7 @@ LEDGERWICK_HOSTKIT_API std::vector<std::string> brokenLinks(Database& database);
 // Writes every table into the folder, which is made if need be, in the form that `importCompany`
 // reads. Files of the same names are replaced.
 // Errors: std::runtime_error when a file cannot be written; those of the database.
-LEDGERWICK_HOSTKIT_API std::vector<TableCount> exportCompany(sqlite::SqliteDatabase& database,
+LEDGERWICK_HOSTKIT_API std::vector<TableCount> exportCompany(store::CompanyStore& database,
                                                              const std::filesystem::path& folder);
 
 }  // namespace ledgerwick::exchange

@@ -6,7 +6,6 @@
 #include <cstdint>
 
 #include "hostkit/exchange/csv.h"
-#include "hostkit/sqlite/recordset.h"
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/text.h"
 #include "ledgerwick/values/utf8.h"
@@ -33,18 +32,14 @@ constexpr std::array tableNames{
     TableName{"Parameters", "ParName", true},
 };
 
-TableLayout layoutOf(Database& database, const TableName& table) {
+TableLayout layoutOf(store::CompanyStore& company, const TableName& table) {
     TableLayout layout{std::string(table.name), {}, table.isSettings};
-    const auto rows = database.OpenRecordset("SELECT * FROM " + layout.name + " WHERE False",
-                                             RecordsetType::Snapshot);
-    const auto& columns = dynamic_cast<const sqlite::SqliteRecordset&>(*rows);
-    for (std::size_t i = 0; i < columns.fieldCount(); ++i) {
-        FieldLayout field{std::string(columns.fieldName(i)), columns.fieldKind(i)};
+    for (const store::FieldDescription& each : company.fieldsOf(table.name)) {
+        FieldLayout field{each.name, each.kind};
         field.isKey = equalsIgnoringCase(field.name, table.key);
         field.isDayNumber = equalsIgnoringCase(field.name, "PRTEndDateLong");
         layout.fields.push_back(std::move(field));
     }
-    rows->Close();
     return layout;
 }
 
@@ -160,12 +155,12 @@ const FieldLayout* TableLayout::key() const {
     return nullptr;
 }
 
-std::vector<TableLayout> companyTables(sqlite::SqliteDatabase& database) {
+std::vector<TableLayout> companyTables(store::CompanyStore& company) {
     // Imported pay stays until its run is closed, over as many calls of the command as that takes.
-    if (!database.tableExists("PRPayImport")) database.createPayImportTable(true);
+    if (!company.tableExists("PRPayImport")) company.createPayImportTable(true);
     std::vector<TableLayout> layouts;
     layouts.reserve(tableNames.size());
-    for (const TableName& table : tableNames) layouts.push_back(layoutOf(database, table));
+    for (const TableName& table : tableNames) layouts.push_back(layoutOf(company, table));
     return layouts;
 }
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "hostkit/export.h"
-#include "hostkit/sqlite/database.h"
+#include "hostkit/store/company_store.h"
 #include "ledgerwick/values/variant.h"
 
 namespace ledgerwick::exchange {
@@ -36,9 +36,9 @@ struct LEDGERWICK_HOSTKIT_API TableLayout {
     const FieldLayout* key() const;
 };
 
-// The tables of the database, with the columns that it has. `PRPayImport` is laid down if it is not
+// The tables of the database, with the columns that it has. `PRPayImport` is created if it is not
 // there.
-LEDGERWICK_HOSTKIT_API std::vector<TableLayout> companyTables(sqlite::SqliteDatabase& database);
+LEDGERWICK_HOSTKIT_API std::vector<TableLayout> companyTables(store::CompanyStore& company);
 
 // A field of a file read as a value: Empty stands for the table's own default.
 struct FieldReading {

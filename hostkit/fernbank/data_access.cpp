@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "hostkit/sqlite/database.h"
-#include "hostkit/sqlite/recordset.h"
+#include "hostkit/store/company_recordset.h"
+#include "hostkit/store/company_store.h"
 #include "ledgerwick/values/error.h"
 
 namespace ledgerwick::fernbank {
@@ -42,14 +42,14 @@ bool canBeRead(Database& database, std::string_view name) {
 
 bool DataAccessFunctions::TempTableExists(std::string_view name) {
     Database& database = openDatabase_();
-    if (auto* const kit = dynamic_cast<sqlite::SqliteDatabase*>(&database)) {
+    if (auto* const kit = dynamic_cast<store::CompanyStore*>(&database)) {
         return kit->tableExists(name);
     }
     return name.find(']') == std::string_view::npos && canBeRead(database, name);
 }
 
 void DataAccessFunctions::NoNullRecordLine(RecordsetRef& recordset) {
-    auto* const rows = dynamic_cast<sqlite::SqliteRecordset*>(recordset.get());
+    auto* const rows = dynamic_cast<store::CompanyRecordset*>(recordset.get());
     if (!rows || !rows->inEdit()) return;
     for (std::size_t field = 0; field < rows->fieldCount(); ++field) {
         if (rows->isKey(field) || !rows->wouldBeNull(field)) continue;

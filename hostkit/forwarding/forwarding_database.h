@@ -69,6 +69,9 @@ class ForwardingDatabase : public Database {
     // `real` must outlive this object.
     explicit ForwardingDatabase(Database& real) noexcept : real_(real) {}
 
+    // The database that operations are passed on to.
+    Database& real() noexcept { return real_; }
+
     RecordsetRef OpenRecordset(std::string_view sql, RecordsetType type,
                                FieldList reads = {}) override {
         return wrap(real_.OpenRecordset(sql, type, reads), sql, type);
@@ -87,8 +90,6 @@ class ForwardingDatabase : public Database {
                               RecordsetType /*type*/) {
         return opened;
     }
-    // The database that operations are passed on to.
-    Database& real() noexcept { return real_; }
 
   private:
     class Query : public QueryDef {

@@ -1,13 +1,13 @@
 // A company as it stood at the end of a day.
 //
-//   auto file = sqlite::SqliteDatabase::open("company.db");
+//   auto file = store::open("company.db");
 //   showAsOf(*file, Date::fromYmd(2025, 9, 30));
 //   HostSession session(file, today);
 //   session.list().ReLoadEmployee(7);   // as of that day
 #pragma once
 
 #include "hostkit/export.h"
-#include "hostkit/sqlite/database.h"
+#include "hostkit/store/company_store.h"
 #include "ledgerwick/values/date.h"
 
 namespace ledgerwick::history {
@@ -17,6 +17,6 @@ namespace ledgerwick::history {
 // the payroll year of the day where it lies before the current one. Rows are seen as they are now:
 // the names and standing details of an employee have no history. Nothing can be written to what is
 // seen so. To be called once, before a session is made on the connection.
-LEDGERWICK_HOSTKIT_API void showAsOf(sqlite::SqliteDatabase& database, Date day);
+LEDGERWICK_HOSTKIT_API void showAsOf(store::CompanyStore& company, Date day);
 
 }  // namespace ledgerwick::history

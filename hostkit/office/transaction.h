@@ -5,13 +5,13 @@
 
 #include "hostkit/export.h"
 #include "hostkit/services/host_session.h"
-#include "hostkit/sqlite/database.h"
+#include "hostkit/store/company_store.h"
 
 namespace ledgerwick::office {
 
 // The company behind a session, under any layers over it.
 // Errors: 5 for a database of the host's own.
-LEDGERWICK_HOSTKIT_API sqlite::SqliteDatabase& storeOf(HostSession& session);
+LEDGERWICK_HOSTKIT_API store::CompanyStore& storeOf(HostSession& session);
 
 // Runs `work` in a transaction of that company.
 // Errors: as of `storeOf`.

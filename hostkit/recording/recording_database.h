@@ -60,9 +60,6 @@ class LEDGERWICK_HOSTKIT_API RecordingDatabase : public ForwardingDatabase {
     explicit RecordingDatabase(std::shared_ptr<Database> recorded);
     ~RecordingDatabase() override;
 
-    // The database underneath.
-    Database& recorded() noexcept { return *recorded_; }
-
     // What the writes since the construction come to, in the order of the first one to each row. A
     // row that ends as it began is not among them.
     std::vector<recording::RowChange> changes() const;

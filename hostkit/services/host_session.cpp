@@ -1,27 +1,16 @@
 #include "hostkit/services/host_session.h"
 
-#include <filesystem>
 #include <utility>
 
 #include "hostkit/services/file_functions.h"
 #include "hostkit/services/program_functions.h"
-#include "hostkit/sqlite/database.h"
+#include "hostkit/store/open.h"
 #include "ledgerwick/host/dll_global.h"
-#include "ledgerwick/values/error.h"
 
 namespace ledgerwick {
 
-namespace {
-
-std::shared_ptr<Database> openExisting(const std::string& path) {
-    if (!std::filesystem::exists(path)) raise(error_number::fileNotFound, "HostSession", path);
-    return sqlite::SqliteDatabase::open(path);
-}
-
-}  // namespace
-
-HostSession::HostSession(const std::string& databasePath, Date today, HostSettings settings)
-    : HostSession(openExisting(databasePath), today, std::move(settings)) {}
+HostSession::HostSession(const std::string& company, Date today, HostSettings settings)
+    : HostSession(store::open(company), today, std::move(settings)) {}
 
 HostSession::HostSession(std::shared_ptr<Database> database, Date today, HostSettings settings)
     : database_(std::move(database)), parameters_(std::make_shared<KitParameters>(database_)) {

@@ -25,9 +25,9 @@ namespace ledgerwick {
 // references that are still its own.
 class LEDGERWICK_HOSTKIT_API HostSession {
   public:
-    // Opens the database file, which must be there with the kit's tables in it.
-    // Errors: 53 when there is no such file; those of the database.
-    HostSession(const std::string& databasePath, Date today, HostSettings settings = {});
+    // Opens the company of that name, as `store::open` does.
+    // Errors: 53 when there is none; those of the database.
+    HostSession(const std::string& company, Date today, HostSettings settings = {});
     // Takes a database that is open already, of the kit or of the host.
     HostSession(std::shared_ptr<Database> database, Date today, HostSettings settings = {});
     ~HostSession();

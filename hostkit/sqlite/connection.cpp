@@ -4,8 +4,9 @@
 #include <limits>
 
 #include "hostkit/sqlite/functions.h"
-#include "hostkit/sqlite/keyed_set.h"
 #include "hostkit/sqlite/snapshot.h"
+#include "hostkit/sqlite/speller.h"
+#include "hostkit/sqlite/sqlite_rows.h"
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/text.h"
 
@@ -27,7 +28,7 @@ sqlite3* openFile(const std::string& path, bool readOnly) {
 
 }  // namespace
 
-Connection::Connection(const std::string& path, const OpenOptions& options)
+Connection::Connection(const std::string& path, const store::OpenOptions& options)
     : path_(path),
       database_(openFile(path, options.readOnly)),
       tables_(database_),
@@ -46,7 +47,7 @@ Connection::~Connection() {
     sqlite3_close_v2(database_);
 }
 
-void Connection::configure(const OpenOptions& options) {
+void Connection::configure(const store::OpenOptions& options) {
     sqlite3_extended_result_codes(database_, 1);
     const auto timeout =
         std::min<std::int64_t>(options.busyTimeout.count(), std::numeric_limits<int>::max());
@@ -55,8 +56,8 @@ void Connection::configure(const OpenOptions& options) {
     sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     addFunctions(database_);
     if (!options.readOnly) runScript("PRAGMA journal_mode = WAL");
-    runScript(durability_ == Durability::Relaxed ? "PRAGMA synchronous = NORMAL"
-                                                 : "PRAGMA synchronous = FULL");
+    runScript(durability_ == store::Durability::Relaxed ? "PRAGMA synchronous = NORMAL"
+                                                        : "PRAGMA synchronous = FULL");
     runScript("PRAGMA cache_size = -8192");
     sqlite3_set_authorizer(database_, &Connection::authorize, this);
 }
@@ -95,7 +96,11 @@ RecordsetRef Connection::open(std::string_view sql, RecordsetType type, FieldLis
         lifted_.comesAgain() ? cache_.acquire(key_, make) : cache_.lend(make());
     bindLiterals(*statement);
     if (statement->plan) {
-        return std::make_shared<KeyedSet>(shared_from_this(), std::move(statement));
+        std::vector<rowsets::RowKey> keys;
+        while (statement->step()) keys.push_back(statement->cell(0).whole);
+        return std::make_shared<rowsets::KeyedSet>(
+            std::make_unique<SqliteRows>(shared_from_this(), statement->plan, statement->reads),
+            std::move(keys));
     }
     auto rows = std::make_shared<SnapshotReader>(shared_from_this(), std::move(statement));
     if (type == RecordsetType::Dynaset) rows->keepAllRows();
@@ -226,7 +231,7 @@ void Connection::runScript(const char* script) {
 }
 
 void Connection::beginBatchTransaction() {
-    if (batches_ == 0 || durability_ == Durability::EachUpdate) return;
+    if (batches_ == 0 || durability_ == store::Durability::EachUpdate) return;
     if (sqlite3_get_autocommit(database_) == 0) return;
     beginTransaction();
     batchOpen_ = true;

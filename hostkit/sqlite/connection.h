@@ -9,11 +9,10 @@
 #include <string_view>
 #include <vector>
 
-#include "hostkit/sqlite/database.h"
-#include "hostkit/sqlite/dialect.h"
-#include "hostkit/sqlite/lexer.h"
+#include "hostkit/dialect/lexer.h"
 #include "hostkit/sqlite/statement.h"
 #include "hostkit/sqlite/tables.h"
+#include "hostkit/store/company_store.h"
 
 namespace ledgerwick::sqlite {
 
@@ -30,7 +29,7 @@ class OpenReader {
 
 class Connection : public std::enable_shared_from_this<Connection> {
   public:
-    Connection(const std::string& path, const OpenOptions& options);
+    Connection(const std::string& path, const store::OpenOptions& options);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -42,6 +41,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
     void exec(const std::string& script);
     // Looks at the database and not at what is known of it: another process may have dropped one.
     bool tableExists(std::string_view name);
+    // A null pointer when there is no such table or view.
+    TableRef table(std::string_view name) { return tables_.find(name); }
 
     // The statement under the key, made from `sql()` if it is not there.
     template <class Sql>
@@ -88,7 +89,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
     TableSet tableBit(std::string_view table);
     void tellReaders(TableSet written);
     void beginBatchTransaction();
-    void configure(const OpenOptions& options);
+    void configure(const store::OpenOptions& options);
     void runScript(const char* script);
     int tryWrite(Statement& statement);
     void run(const char* sql);
@@ -99,13 +100,13 @@ class Connection : public std::enable_shared_from_this<Connection> {
     StatementCache cache_;
     std::vector<OpenReader*> readers_;
 
-    LiftedStatement lifted_;  // the statement at hand
+    dialect::LiftedStatement lifted_;  // the statement at hand
     std::string key_;
 
     TableSet readsSeen_ = 0, writesSeen_ = 0;  // by the authorizer, while a statement is prepared
     std::vector<std::string> tableNames_;      // the place gives the bit
 
-    Durability durability_ = Durability::EachUpdate;
+    store::Durability durability_ = store::Durability::EachUpdate;
     int batches_ = 0;
     bool batchOpen_ = false;  // a batch has begun a transaction
 };

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "hostkit/dialect/lexer.h"
 #include "hostkit/sqlite/connection.h"
-#include "hostkit/sqlite/recordset.h"
 #include "hostkit/sqlite/schema_sql.h"
 #include "ledgerwick/values/error.h"
 
@@ -27,10 +27,8 @@ class SqliteQueryDef final : public QueryDef {
 
 }  // namespace
 
-SqliteRecordset::~SqliteRecordset() = default;
-
 std::shared_ptr<SqliteDatabase> SqliteDatabase::open(const std::string& path,
-                                                     const OpenOptions& options) {
+                                                     const store::OpenOptions& options) {
     return std::make_shared<SqliteDatabase>(std::make_shared<Connection>(path, options));
 }
 
@@ -39,7 +37,7 @@ SqliteDatabase::SqliteDatabase(std::shared_ptr<Connection> connection)
 
 SqliteDatabase::~SqliteDatabase() = default;
 
-const std::string& SqliteDatabase::path() const noexcept {
+const std::string& SqliteDatabase::name() const noexcept {
     return connection_->path();
 }
 
@@ -47,27 +45,37 @@ void SqliteDatabase::createSchema() {
     connection_->exec(schemaSql);
 }
 
-void SqliteDatabase::createPayImportTable(bool kept) {
-    connection_->exec(std::string(kept ? "CREATE TABLE" : "CREATE TEMP TABLE") +
-                      " PRPayImport (PRPINAID INTEGER DEFAULT 0, PRPIPay NUMBER DEFAULT 0)");
-}
-
-void SqliteDatabase::dropPayImportTable() {
-    connection_->exec("DROP TABLE IF EXISTS PRPayImport");
-}
-
-void SqliteDatabase::createLastWeekNosTable(std::string_view pcId) {
-    connection_->exec("CREATE TEMP TABLE " +
-                      quotedName("TEMP_PR_LAST_WEEK_NOS" + std::string(pcId)) +
-                      " (TLWWeekNo NUMBER DEFAULT 0, TLWCMonthNo NUMBER DEFAULT 0)");
-}
-
 bool SqliteDatabase::tableExists(std::string_view name) {
     return connection_->tableExists(name);
 }
 
+std::vector<store::FieldDescription> SqliteDatabase::fieldsOf(std::string_view table) {
+    const TableRef known = connection_->table(table);
+    std::vector<store::FieldDescription> fields;
+    if (!known) return fields;
+    fields.reserve(known->columns.size());
+    for (const TableColumn& column : known->columns) fields.push_back({column.name, column.kind});
+    if (known->key >= 0) fields[static_cast<std::size_t>(known->key)].isKey = true;
+    return fields;
+}
+
+// A view of the connection's own hides the table of the same name.
+void SqliteDatabase::narrow(std::string_view table, std::string_view columns,
+                            std::string_view condition) {
+    const std::string name = dialect::quotedName(table);
+    std::string view = "CREATE TEMP VIEW " + name + " AS SELECT ";
+    view += columns;
+    view += " FROM main." + name + " WHERE ";
+    view += condition;
+    connection_->execute(view);
+}
+
 void SqliteDatabase::exec(const std::string& script) {
     connection_->exec(script);
+}
+
+void SqliteDatabase::define(const std::string& statements) {
+    connection_->exec(statements);
 }
 
 RecordsetRef SqliteDatabase::OpenRecordset(std::string_view sql, RecordsetType type,
@@ -90,19 +98,6 @@ void SqliteDatabase::EndBatch() {
     connection_->endBatch();
 }
 
-// Pages that do not fit into the cache would be written to the log before the end.
-SqliteDatabase::Rehearsal::Rehearsal(SqliteDatabase& database)
-    : database_(database),
-      outermost_((database.exec("PRAGMA cache_spill = OFF"), database.beginTransaction())) {}
-
-SqliteDatabase::Rehearsal::~Rehearsal() {
-    database_.rollBack(outermost_);
-    try {
-        database_.exec("PRAGMA cache_spill = ON");
-    } catch (const Error&) {  // the cache then stays as it is
-    }
-}
-
 bool SqliteDatabase::beginTransaction() {
     return connection_->beginTransaction();
 }
@@ -111,6 +106,20 @@ void SqliteDatabase::commit(bool outermost) {
 }
 void SqliteDatabase::rollBack(bool outermost) noexcept {
     connection_->rollBack(outermost);
+}
+
+// Pages that do not fit into the cache would be written to the log before the end.
+bool SqliteDatabase::beginRehearsal() {
+    connection_->exec("PRAGMA cache_spill = OFF");
+    return beginTransaction();
+}
+
+void SqliteDatabase::endRehearsal(bool outermost) noexcept {
+    rollBack(outermost);
+    try {
+        connection_->exec("PRAGMA cache_spill = ON");
+    } catch (const Error&) {  // the cache then stays as it is
+    }
 }
 
 }  // namespace ledgerwick::sqlite

@@ -2,8 +2,8 @@
 
 #include <exception>
 
-#include "hostkit/sqlite/cell.h"
 #include "hostkit/sqlite/statement.h"
+#include "hostkit/sqlite/values.h"
 #include "ledgerwick/values/format.h"
 #include "ledgerwick/values/text.h"
 
@@ -16,7 +16,7 @@ void format(sqlite3_context* context, int, sqlite3_value** arguments) {
     const Cell picture = readCell(arguments[1]);
     if (value.storage == Cell::Storage::Null || picture.storage != Cell::Storage::Text) return;
     try {
-        const std::string text = Format(asStored(value), picture.text);
+        const std::string text = Format(rowsets::asStored(value), picture.text);
         sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
     } catch (const std::exception& e) {
         sqlite3_result_error(context, e.what(), -1);

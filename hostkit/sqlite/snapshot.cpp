@@ -41,7 +41,7 @@ void SnapshotReader::Close() {
 // Leaves the statement's row for the next one.
 void SnapshotReader::stepStatement() {
     if (keeping_) {
-        kept_.copy(*statement_);
+        kept_.copy(Statement::Row(*statement_));
         keptRow_ = true;
         if (!steppedBack_ && reached_ >= rowsKeptAtFirst) keeping_ = keptRow_ = false;
     }
@@ -65,13 +65,13 @@ void SnapshotReader::keepAllRows() {
     requireOpen();
     if (store_) return;
     const std::int64_t row = position();
-    auto store = std::make_unique<RowStore>();
+    auto store = std::make_unique<rowsets::RowStore>();
     if (ended_ && reached_ <= 1 && (keptRow_ || reached_ == 0)) {
         if (keptRow_) store->append(kept_);
     } else {
         const Connection::HeldSnapshot held(*connection_);
         statement_->reset();
-        while (statement_->step()) store->append(*statement_);
+        while (statement_->step()) store->append(Statement::Row(*statement_));
     }
     store_ = std::move(store);
     onStatement_ = onKept_ = false;
@@ -169,7 +169,7 @@ void SnapshotReader::Values(FieldList names, std::span<Variant> values) {
     } else {
         for (std::size_t i = 0; i < names.size(); ++i) {
             const int column = columnOf(names[i]);
-            take(cellIn(column), statement_->kind(column), values[i]);
+            rowsets::take(cellIn(column), statement_->kind(column), values[i]);
         }
     }
 }

@@ -9,13 +9,13 @@
 #include <memory>
 #include <vector>
 
+#include "hostkit/rowsets/row_store.h"
+#include "hostkit/rowsets/typed_reads.h"
 #include "hostkit/sqlite/connection.h"
-#include "hostkit/sqlite/row_store.h"
-#include "hostkit/sqlite/typed_reads.h"
 
 namespace ledgerwick::sqlite {
 
-class SnapshotReader final : public TypedReads<SnapshotReader>, private OpenReader {
+class SnapshotReader final : public rowsets::TypedReads<SnapshotReader>, private OpenReader {
   public:
     SnapshotReader(std::shared_ptr<Connection> connection, StatementLease statement);
     ~SnapshotReader() override;
@@ -97,9 +97,9 @@ class SnapshotReader final : public TypedReads<SnapshotReader>, private OpenRead
     bool keptRow_ = false;  // there is one
     bool steppedBack_ = false;
     const Cell* cells_ = nullptr;  // of the current row, when it is in memory
-    KeptRow kept_;
+    rowsets::KeptRow kept_;
 
-    std::unique_ptr<RowStore> store_;  // all rows, when they are in memory
+    std::unique_ptr<rowsets::RowStore> store_;  // all rows, when they are in memory
     std::vector<Cell> row_;
 };
 

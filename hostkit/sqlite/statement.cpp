@@ -88,7 +88,7 @@ void Statement::describeColumns() {
         const char* name = sqlite3_column_name(handle_, column);
         const char* type = sqlite3_column_decltype(handle_, column);
         names.emplace_back(name ? name : "");
-        kinds_.push_back(type ? kindOfDeclaredType(type) : VariantKind::Empty);
+        kinds_.push_back(type ? rowsets::kindOfDeclaredType(type) : VariantKind::Empty);
     }
     fields_ = FieldIndex(std::move(names));
 }

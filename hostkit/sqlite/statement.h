@@ -11,8 +11,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "hostkit/sqlite/cell.h"
 #include "hostkit/sqlite/tables.h"
+#include "hostkit/sqlite/values.h"
 
 namespace ledgerwick::sqlite {
 
@@ -73,6 +73,7 @@ class Statement {
             stride_ = statement.stride_;
         }
 
+        int columnCount() const noexcept { return statement_.columnCount(); }
         Cell cell(int column) const noexcept { return readCell(valueOf(column)); }
 
         // The column as a value of its kind.
@@ -80,9 +81,9 @@ class Statement {
             sqlite3_value* const value = valueOf(column);
             const VariantKind kind = statement_.kind(column);
             if (sqlite3_value_type(value) == SQLITE_INTEGER) {
-                takeWhole(sqlite3_value_int64(value), kind, into);
+                rowsets::takeWhole(sqlite3_value_int64(value), kind, into);
             } else {
-                sqlite::take(readCell(value), kind, into);
+                rowsets::take(readCell(value), kind, into);
             }
         }
 

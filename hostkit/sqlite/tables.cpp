@@ -1,7 +1,7 @@
 #include "hostkit/sqlite/tables.h"
 
-#include "hostkit/sqlite/cell.h"
 #include "hostkit/sqlite/statement.h"
+#include "hostkit/sqlite/values.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::sqlite {
@@ -17,20 +17,6 @@ std::string lowerCase(std::string_view name) {
 }
 
 }  // namespace
-
-int FieldIndex::search(std::string_view name) const noexcept {
-    for (std::size_t i = 0; i < names_.size(); ++i) {
-        if (equalsIgnoringCase(names_[i], name)) return static_cast<int>(i);
-    }
-    return none;
-}
-
-int Table::find(std::string_view column) const noexcept {
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (equalsIgnoringCase(columns[i].name, column)) return static_cast<int>(i);
-    }
-    return -1;
-}
 
 TableRef Tables::find(std::string_view name) {
     const std::string key = lowerCase(name);
@@ -49,7 +35,7 @@ TableRef Tables::read(const std::string& name) const {
     int keyColumns = 0;
     while (columns.step()) {
         const std::string type(columns.cell(1).text);
-        TableColumn column{std::string(columns.cell(0).text), kindOfDeclaredType(type)};
+        TableColumn column{std::string(columns.cell(0).text), rowsets::kindOfDeclaredType(type)};
         const Cell defaultText = columns.cell(2);
         if (defaultText.storage != Cell::Storage::Null) {
             column.defaultValue = evaluate(std::string(defaultText.text), column.kind);
@@ -61,7 +47,7 @@ TableRef Tables::read(const std::string& name) const {
     }
     if (table->columns.empty()) return nullptr;
     if (keyColumns != 1) table->key = -1;
-    table->hasRowId =
+    table->isUpdatable =
         sqlite3_table_column_metadata(database_, nullptr, name.c_str(), "rowid", nullptr, nullptr,
                                       nullptr, nullptr, nullptr) == SQLITE_OK;
     return table;
@@ -70,7 +56,7 @@ TableRef Tables::read(const std::string& name) const {
 Variant Tables::evaluate(const std::string& expression, VariantKind kind) const {
     Statement statement(database_, "SELECT " + expression);
     if (!statement.step()) return Null;
-    return toVariant(statement.cell(0), kind);
+    return rowsets::toVariant(statement.cell(0), kind);
 }
 
 }  // namespace ledgerwick::sqlite

@@ -18,6 +18,7 @@ constexpr Description descriptions[] = {
     {error_number::typeMismatch, "Type mismatch"},
     {error_number::fileNotFound, "File not found"},
     {error_number::fileError, "File error"},
+    {error_number::fileExists, "File already exists"},
     {error_number::objectNotSet, "Object not set"},
     {error_number::invalidUseOfNull, "Invalid use of Null"},
     {error_number::cannotCreateObject, "Cannot create object"},

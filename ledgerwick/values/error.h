@@ -45,6 +45,7 @@ inline constexpr std::int32_t divisionByZero = 11;       // a division by zero
 inline constexpr std::int32_t typeMismatch = 13;         // a value of another type
 inline constexpr std::int32_t fileNotFound = 53;         // there is no such file
 inline constexpr std::int32_t fileError = 57;            // a file cannot be read or written
+inline constexpr std::int32_t fileExists = 58;           // there is a file of that name already
 inline constexpr std::int32_t objectNotSet = 91;         // an empty reference was used
 inline constexpr std::int32_t invalidUseOfNull = 94;     // a Null where a value must be
 inline constexpr std::int32_t cannotCreateObject = 429;  // there is no creatable class of that name

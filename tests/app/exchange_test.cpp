@@ -53,7 +53,7 @@ class Exchange : public testing::Test {
     }
 
     std::filesystem::path folder_;
-    std::shared_ptr<sqlite::SqliteDatabase> database_ = exchange::openDatabaseFile(":memory:");
+    std::shared_ptr<store::CompanyStore> database_ = exchange::openOrCreate(":memory:");
 };
 
 TEST_F(Exchange, FieldsLeftOutTakeTheTablesDefaults) {

@@ -42,7 +42,7 @@ std::string keyIn(Recordset& row, const exchange::TableLayout& table) {
 }
 
 // Of the pay rows the last ones: no step is to touch the others.
-Cells cellsOf(sqlite::SqliteDatabase& database) {
+Cells cellsOf(store::CompanyStore& database) {
     Cells cells;
     for (const exchange::TableLayout& table : exchange::companyTables(database)) {
         if (table.isSettings) continue;
@@ -54,7 +54,7 @@ Cells cellsOf(sqlite::SqliteDatabase& database) {
     return cells;
 }
 
-void putInto(Cells& cells, const recording::RowChange& change, sqlite::SqliteDatabase& database) {
+void putInto(Cells& cells, const recording::RowChange& change, store::CompanyStore& database) {
     const auto tables = exchange::companyTables(database);
     const auto table = std::find_if(tables.begin(), tables.end(),
                                     [&](const auto& each) { return each.name == change.table; });
@@ -83,7 +83,7 @@ void putInto(Cells& cells, const recording::RowChange& change, sqlite::SqliteDat
 }
 
 TEST(Plan, IsExactlyWhatTheStepThenWrites) {
-    const auto database = exchange::openDatabaseFile(":memory:");
+    const auto database = exchange::openOrCreate(":memory:");
     exchange::importCompany(*database, SAMPLE_COMPANY);
     const auto sessionOver = [](const std::shared_ptr<Database>& opened) {
         auto session = std::make_unique<HostSession>(opened, payDate);

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "hostkit/sqlite/recordset.h"
+#include "hostkit/store/company_recordset.h"
 #include "ledgerwick/values/text.h"
 #include "tests/support/company.h"
 #include "tests/support/failing_database.h"
@@ -31,7 +31,7 @@ std::string textOf(const Variant& value) {
 
 std::string tableText(sqlite::SqliteDatabase& database, const std::string& table) {
     const auto rows = database.OpenRecordset("SELECT * FROM " + table, RecordsetType::Snapshot);
-    const auto& fields = dynamic_cast<const sqlite::SqliteRecordset&>(*rows);
+    const auto& fields = dynamic_cast<const store::CompanyRecordset&>(*rows);
     std::string text = table + "\n";
     for (; !rows->Eof(); rows->MoveNext()) {
         for (std::size_t i = 0; i < fields.fieldCount(); ++i) {

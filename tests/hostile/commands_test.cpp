@@ -23,7 +23,7 @@ class Command : public testing::Test {
     Command() {
         fs::remove_all(folder_);
         fs::create_directories(folder_);
-        exchange::importCompany(*exchange::openDatabaseFile(path_), SAMPLE_COMPANY);
+        exchange::importCompany(*exchange::openOrCreate(path_), SAMPLE_COMPANY);
     }
     ~Command() override { fs::remove_all(folder_); }
 
@@ -75,7 +75,7 @@ TEST_F(Command, RefusesThemInPlainWordsWhereTheyAreNoValue) {
 }
 
 TEST_F(Command, ShowsThemWithoutTheirTeethAndHandsThemOnWhole) {
-    const auto database = exchange::openDatabaseFile(path_);
+    const auto database = exchange::openOrCreate(path_);
     const auto& texts = hostileTexts();
     for (std::size_t next = 0; next < texts.size();) {
         std::vector<std::string> put;  // a reference for each customer

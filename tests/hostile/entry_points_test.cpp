@@ -126,7 +126,7 @@ const EntryPoint entryPoints[] = {
      }},
     {"a file of an import",
      [](World& world, const std::string& text) {
-         const auto other = exchange::openDatabaseFile(":memory:");
+         const auto other = exchange::openOrCreate(":memory:");
          const fs::path files = world.folder / "files";
          fs::remove_all(files);
          fs::create_directories(files);

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "hostkit/sqlite/database.h"
-#include "hostkit/sqlite/recordset.h"
+#include "hostkit/store/company_recordset.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 #include "tests/support/errors.h"
@@ -45,7 +45,7 @@ class Dialect : public testing::Test {
     // The rows as text: fields divided by "|", rows by ";".
     std::string rows(std::string_view sql, RecordsetType type = RecordsetType::Snapshot) {
         const auto rs = db_->OpenRecordset(sql, type);
-        const auto& fields = dynamic_cast<sqlite::SqliteRecordset&>(*rs);
+        const auto& fields = dynamic_cast<store::CompanyRecordset&>(*rs);
         std::string text;
         for (; !rs->Eof(); rs->MoveNext()) {
             if (!text.empty()) text += ';';

@@ -4,7 +4,7 @@
 namespace ledgerwick::conformance {
 namespace {
 
-template <sqlite::Durability durability>
+template <store::Durability durability>
 struct SqliteLayer {
     SqliteLayer() { open_->createSchema(); }
     Database& database() { return *open_; }
@@ -13,8 +13,8 @@ struct SqliteLayer {
         sqlite::SqliteDatabase::open(":memory:", {.durability = durability});
 };
 
-using SqliteLayers = testing::Types<SqliteLayer<sqlite::Durability::EachUpdate>,
-                                    SqliteLayer<sqlite::Durability::Batched>>;
+using SqliteLayers = testing::Types<SqliteLayer<store::Durability::EachUpdate>,
+                                    SqliteLayer<store::Durability::Batched>>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Sqlite, RecordAccess, SqliteLayers);
 
 }  // namespace

@@ -25,7 +25,7 @@ class SqliteFile : public testing::Test {
     }
     ~SqliteFile() override { std::filesystem::remove_all(folder_); }
 
-    std::shared_ptr<SqliteDatabase> open(const OpenOptions& options = {}) {
+    std::shared_ptr<SqliteDatabase> open(const store::OpenOptions& options = {}) {
         return SqliteDatabase::open((folder_ / "company.db").string(), options);
     }
     static std::int32_t count(Database& database) {
@@ -45,11 +45,11 @@ class SqliteFile : public testing::Test {
 
 TEST_F(SqliteFile, OthersSeeEveryUpdateAtOnceAndABatchAtItsOutermostEnd) {
     for (const auto durability :
-         {Durability::EachUpdate, Durability::Batched, Durability::Relaxed}) {
+         {store::Durability::EachUpdate, store::Durability::Batched, store::Durability::Relaxed}) {
         const auto one = open({.durability = durability});
         const auto other = open();
         const std::int32_t before = count(*other);
-        const std::int32_t atOnce = durability == Durability::EachUpdate ? 2 : 0;
+        const std::int32_t atOnce = durability == store::Durability::EachUpdate ? 2 : 0;
         one->BeginBatch();
         inOneBatch(*one, [&] { add(*one, "A"); });
         add(*one, "B");
@@ -65,7 +65,7 @@ TEST_F(SqliteFile, OthersSeeEveryUpdateAtOnceAndABatchAtItsOutermostEnd) {
 }
 
 TEST_F(SqliteFile, ATransactionIsAllOrNothing) {
-    const auto db = open({.durability = Durability::Batched});
+    const auto db = open({.durability = store::Durability::Batched});
     const auto addAndFail = [&] {
         db->inTransaction([&] {
             inOneBatch(*db, [&] { add(*db, "A"); });

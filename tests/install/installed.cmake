@@ -11,7 +11,7 @@ file(GLOB_RECURSE described ${folder}/prefix/ledgerwick-hostkit.pc)
 cmake_path(GET described PARENT_PATH packages)
 cmake_path(GET packages PARENT_PATH libraries)
 must(${CMAKE_COMMAND} -E env PKG_CONFIG_PATH=${packages}
-     pkg-config --cflags --libs "ledgerwick-hostkit >= 1" "ledgerwick < 2")
+     pkg-config --cflags --libs "ledgerwick-sqlite >= 1" "ledgerwick < 2")
 separate_arguments(arguments UNIX_COMMAND "${flags} ${output}")
 must(${COMPILER} -std=c++20 ${SOURCE}/examples/host/main.cpp -o ${folder}/plain ${arguments}
      -Wl,-rpath,${libraries})

@@ -28,7 +28,7 @@ class SampleRun : public testing::Test {
         return rows->Value("N").toInt64();
     }
     Selection only(std::int32_t naid) const { return {payDate, PFREQ_SelAll, 0, naid}; }
-    std::shared_ptr<sqlite::SqliteDatabase> database_ = exchange::openDatabaseFile(":memory:");
+    std::shared_ptr<store::CompanyStore> database_ = exchange::openOrCreate(":memory:");
     std::unique_ptr<HostSession> session_;
 };
 

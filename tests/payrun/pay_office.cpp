@@ -1,6 +1,6 @@
 #include "tests/payrun/pay_office.h"
 
-#include "hostkit/sqlite/recordset.h"
+#include "hostkit/store/company_recordset.h"
 #include "ledgerwick/records/statement.h"
 
 namespace ledgerwick::test {
@@ -51,7 +51,7 @@ std::vector<Column> PayOffice::open(Date payDate, std::int32_t frequency, std::i
 std::vector<TableRow> PayOffice::payRows(const std::string& where) {
     const auto rows = company.database().OpenRecordset(
         statement("SELECT * FROM PRPay WHERE @ ORDER BY PRPID", {where}), RecordsetType::Snapshot);
-    const auto& fields = dynamic_cast<const sqlite::SqliteRecordset&>(*rows);
+    const auto& fields = dynamic_cast<const store::CompanyRecordset&>(*rows);
     std::vector<TableRow> result;
     for (; !rows->Eof(); rows->MoveNext()) {
         TableRow& row = result.emplace_back();

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "hostkit/sqlite/recordset.h"
+#include "hostkit/store/company_recordset.h"
 #include "tests/payrun/pay_office.h"
 #include "tests/support/errors.h"
 
@@ -48,7 +48,7 @@ TEST_F(PayRecord, TakesOverTheStandingItemsOnceAndTheDetailsEachTime) {
     std::map<std::string, std::string> copied;
     const auto columns = office.company.database().OpenRecordset("SELECT * FROM PREmployeeDetails",
                                                                  RecordsetType::Snapshot);
-    const auto& fields = dynamic_cast<const sqlite::SqliteRecordset&>(*columns);
+    const auto& fields = dynamic_cast<const store::CompanyRecordset&>(*columns);
     for (std::size_t i = 2; i < fields.fieldCount(); ++i) {
         const std::string detail(fields.fieldName(i));
         const std::string twin = twinOf(detail, unset);

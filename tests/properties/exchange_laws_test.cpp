@@ -58,7 +58,7 @@ Variant anyValue(const exchange::FieldLayout& field) {
     }
 }
 
-std::vector<Cells> rowsOf(sqlite::SqliteDatabase& database, const exchange::TableLayout& table) {
+std::vector<Cells> rowsOf(store::CompanyStore& database, const exchange::TableLayout& table) {
     std::vector<Cells> rows;
     const auto set = database.OpenRecordset("SELECT * FROM " + table.name, RecordsetType::Snapshot);
     for (; !set->Eof(); set->MoveNext()) {
@@ -72,8 +72,8 @@ std::vector<Cells> rowsOf(sqlite::SqliteDatabase& database, const exchange::Tabl
 RC_GTEST_PROP(Exchange, OfAnyCompanyGivesTheSameDatabase, ()) {
     const fs::path folder =
         fs::path(testing::TempDir()) / ("ledgerwick-laws-" + std::to_string(getpid()));
-    const auto first = exchange::openDatabaseFile(":memory:");
-    const auto second = exchange::openDatabaseFile(":memory:");
+    const auto first = exchange::openOrCreate(":memory:");
+    const auto second = exchange::openOrCreate(":memory:");
     const auto tables = exchange::companyTables(*first);
     for (const auto& table : tables) {
         if (table.isSettings) continue;

@@ -12,15 +12,18 @@
 #include <string_view>
 #include <vector>
 
-#include "hostkit/sqlite/cell.h"
+#include "hostkit/export.h"
+#include "hostkit/rowsets/cell.h"
 
-namespace ledgerwick::sqlite {
+namespace ledgerwick::dialect {
+
+using rowsets::Cell;
 
 // The mark of a lifted literal in a shape.
 inline constexpr char literalMark = '?';
 
 // A statement taken apart. The buffers are used again by the next statement.
-class LiftedStatement {
+class LEDGERWICK_HOSTKIT_API LiftedStatement {
   public:
     // Texts in single quotes, numbers, dates between # and the words True and False are lifted.
     // All but texts stay behind ORDER BY and GROUP BY, where a number is the place of a column, and
@@ -62,9 +65,10 @@ class LiftedStatement {
     bool sorting_ = false;  // behind ORDER BY or GROUP BY
 };
 
-// One word, name, mark or symbol of a shape.
-struct Token {
-    enum class Kind : std::uint8_t { Word, QuotedName, Mark, Number, Symbol };
+// One word, name, mark, literal or symbol of a statement.
+struct LEDGERWICK_HOSTKIT_API Token {
+    // A `Literal` is a text or a date as it stands; a shape has marks in place of them.
+    enum class Kind : std::uint8_t { Word, QuotedName, Mark, Number, Literal, Symbol };
 
     Kind kind;
     std::string_view text;    // as it stands, quotes included
@@ -76,6 +80,10 @@ struct Token {
     std::string_view name() const noexcept;
 };
 
-std::vector<Token> tokensOf(std::string_view shape);
+// The tokens of a shape, or of a statement whose literals were not lifted.
+LEDGERWICK_HOSTKIT_API std::vector<Token> tokensOf(std::string_view statement);
 
-}  // namespace ledgerwick::sqlite
+// A name as it stands in a statement, whatever its characters.
+LEDGERWICK_HOSTKIT_API std::string quotedName(std::string_view name);
+
+}  // namespace ledgerwick::dialect

@@ -4,15 +4,15 @@
 #include <string>
 #include <string_view>
 
-#include "hostkit/sqlite/cell.h"
-#include "hostkit/sqlite/recordset.h"
+#include "hostkit/rowsets/cell.h"
+#include "hostkit/store/company_recordset.h"
 
-namespace ledgerwick::sqlite {
+namespace ledgerwick::rowsets {
 
 // `Rows` has `Cell cell(const FieldName&)`, which raises when there is nothing to read, and
 // `VariantKind kindOf(const FieldName&)`.
 template <class Rows>
-class TypedReads : public SqliteRecordset {
+class TypedReads : public store::CompanyRecordset {
   public:
     using Recordset::Value;
 
@@ -48,4 +48,4 @@ class TypedReads : public SqliteRecordset {
     std::string text_;  // of a field that is no text
 };
 
-}  // namespace ledgerwick::sqlite
+}  // namespace ledgerwick::rowsets

@@ -1,4 +1,4 @@
-// A recordset of the kit's SQLite layer, with what a host's own tools may ask of it.
+// A recordset of a company store, with what a host's own tools may ask of it.
 #pragma once
 
 #include <cstddef>
@@ -7,24 +7,27 @@
 #include "hostkit/export.h"
 #include "ledgerwick/records/record_access.h"
 
-namespace ledgerwick::sqlite {
+namespace ledgerwick::store {
 
-class LEDGERWICK_HOSTKIT_API SqliteRecordset : public Recordset {
+// Every set that a company store opens is one.
+class LEDGERWICK_HOSTKIT_API CompanyRecordset : public Recordset {
   public:
-    ~SqliteRecordset() override;
+    ~CompanyRecordset() override;
 
-    // The fields in the order of the statement.
-    // Errors: of these and the next, 9 for a place that is none.
+    // The number of fields.
+    // Errors: of this and the next three, 9 for a place outside the fields, 3420 after `Close`.
     virtual std::size_t fieldCount() const = 0;
+    // The fields in the order of the statement.
     virtual std::string_view fieldName(std::size_t field) const = 0;
     // Empty for a field without a kind of its own, such as an expression.
     virtual VariantKind fieldKind(std::size_t field) const = 0;
     // Whether the database gives the field its value, being the number of the row.
     virtual bool isKey(std::size_t field) const = 0;
 
-    // Whether a row is in edit, and whether `Update` would leave Null in a field of it.
+    // Whether a row is in edit.
     virtual bool inEdit() const = 0;
+    // Whether `Update` would leave Null in a field of the row in edit.
     virtual bool wouldBeNull(std::size_t field) = 0;
 };
 
-}  // namespace ledgerwick::sqlite
+}  // namespace ledgerwick::store

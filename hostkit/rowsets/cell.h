@@ -1,16 +1,15 @@
 // One value of a row as the database holds it, and its way into the library's types.
 #pragma once
 
-#include <sqlite3.h>
-
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "hostkit/export.h"
 #include "ledgerwick/records/record_access.h"
 #include "ledgerwick/values/variant.h"
 
-namespace ledgerwick::sqlite {
+namespace ledgerwick::rowsets {
 
 // A text belongs to the row that the cell was read from.
 struct Cell {
@@ -43,28 +42,13 @@ struct Cell {
     }
 };
 
-// A value of the current row of a statement, or an argument of an SQL function.
-inline Cell readCell(sqlite3_value* value) noexcept {
-    switch (sqlite3_value_type(value)) {
-        case SQLITE_INTEGER:
-            return Cell::ofWhole(sqlite3_value_int64(value));
-        case SQLITE_FLOAT:
-            return Cell::ofReal(sqlite3_value_double(value));
-        case SQLITE_NULL:
-            return {};
-        default:
-            return Cell::ofText({reinterpret_cast<const char*>(sqlite3_value_text(value)),
-                                 static_cast<std::size_t>(sqlite3_value_bytes(value))});
-    }
-}
-
 // The kind of value that a column of this declared type gives; Empty for a column without a type,
 // or of an unknown one, which gives what is stored.
-VariantKind kindOfDeclaredType(std::string_view type);
+LEDGERWICK_HOSTKIT_API VariantKind kindOfDeclaredType(std::string_view type);
 
 // The cell as a value of that kind, or as it is stored when it is no such value.
-void take(const Cell& cell, VariantKind kind, Variant& into);
-void takeWhole(std::int64_t value, VariantKind kind, Variant& into);
+LEDGERWICK_HOSTKIT_API void take(const Cell& cell, VariantKind kind, Variant& into);
+LEDGERWICK_HOSTKIT_API void takeWhole(std::int64_t value, VariantKind kind, Variant& into);
 inline Variant toVariant(const Cell& cell, VariantKind kind) {
     Variant value;
     take(cell, kind, value);
@@ -72,14 +56,12 @@ inline Variant toVariant(const Cell& cell, VariantKind kind) {
 }
 
 // A value as a field of that kind takes it. Null and Empty are Null.
-// Errors: as the conversions of Variant; 6 for money that a floating-point number cannot hold to
-//         four decimals, since that is how the database keeps it.
-Variant toFieldValue(const Variant& value, VariantKind kind, std::string_view source);
+// Errors: as the conversions of Variant.
+LEDGERWICK_HOSTKIT_API Variant toFieldValue(const Variant& value, VariantKind kind,
+                                            std::string_view source);
 
 // The cell that such a value is stored as. A text stays in the value.
-Cell toCell(const Variant& value) noexcept;
-
-void bind(sqlite3_stmt* statement, int parameter, const Cell& cell, bool copyText);
+LEDGERWICK_HOSTKIT_API Cell toCell(const Variant& value) noexcept;
 
 // The conversions of Variant. The first line of each is the whole way of a sound field.
 inline Variant asStored(const Cell& cell) {
@@ -127,7 +109,7 @@ inline Date toDate(const Cell& cell, const FieldName& name) {
 }
 
 // The text of a cell in place, or made in `made`.
-std::string_view toText(const Cell& cell, VariantKind kind, const FieldName& name,
-                        std::string& made);
+LEDGERWICK_HOSTKIT_API std::string_view toText(const Cell& cell, VariantKind kind,
+                                               const FieldName& name, std::string& made);
 
-}  // namespace ledgerwick::sqlite
+}  // namespace ledgerwick::rowsets

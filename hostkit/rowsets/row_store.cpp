@@ -1,9 +1,9 @@
-#include "hostkit/sqlite/row_store.h"
+#include "hostkit/rowsets/row_store.h"
 
 #include <algorithm>
 #include <cstring>
 
-namespace ledgerwick::sqlite {
+namespace ledgerwick::rowsets {
 
 namespace {
 
@@ -59,28 +59,13 @@ Cell takeCell(const char*& at) {
 
 }  // namespace
 
-void KeptRow::copy(Statement& statement) {
-    const Statement::Row row(statement);
-    const int count = statement.columnCount();
-    cells_.resize(static_cast<std::size_t>(count));
-    texts_.clear();
-    for (int column = 0; column < count; ++column) {
-        Cell& cell = cells_[static_cast<std::size_t>(column)];
-        cell = row.cell(column);
-        if (cell.storage == Cell::Storage::Text) texts_ += cell.text;
-    }
+void KeptRow::pointToOwnTexts() noexcept {
     const char* at = texts_.data();
     for (Cell& cell : cells_) {
         if (cell.storage != Cell::Storage::Text) continue;
         cell.text = {at, cell.text.size()};
         at += cell.text.size();
     }
-}
-
-void RowStore::append(Statement& statement) {
-    const Statement::Row row(statement);
-    for (int column = 0; column < statement.columnCount(); ++column) pack(row.cell(column));
-    addPacked();
 }
 
 void RowStore::append(const KeptRow& row) {
@@ -129,4 +114,4 @@ void RowStore::read(std::size_t row, std::vector<Cell>& cells) const {
     for (Cell& cell : cells) cell = takeCell(at);
 }
 
-}  // namespace ledgerwick::sqlite
+}  // namespace ledgerwick::rowsets

@@ -1,4 +1,4 @@
-#include "hostkit/sqlite/lexer.h"
+#include "hostkit/dialect/lexer.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/text.h"
 
-namespace ledgerwick::sqlite {
+namespace ledgerwick::dialect {
 
 namespace {
 
@@ -268,14 +268,14 @@ std::string_view Token::name() const noexcept {
     return kind == Kind::QuotedName ? text.substr(1, text.size() - 2) : text;
 }
 
-std::vector<Token> tokensOf(std::string_view shape) {
+std::vector<Token> tokensOf(std::string_view statement) {
     static constexpr std::array<std::string_view, 6> twoCharacterSymbols{"<=", ">=", "<>",
                                                                          "!=", "==", "||"};
     std::vector<Token> tokens;
     std::size_t marks = 0;
     std::size_t at = 0;
-    while (at < shape.size()) {
-        const char c = shape[at];
+    while (at < statement.size()) {
+        const char c = statement[at];
         if (isBlank(c)) {
             ++at;
             continue;
@@ -284,26 +284,33 @@ std::vector<Token> tokensOf(std::string_view shape) {
         std::size_t end = at + 1;
         if (isLetter(c)) {
             token.kind = Token::Kind::Word;
-            end = endOfWord(shape, at);
-        } else if (isDigit(c) || (c == '.' && end < shape.size() && isDigit(shape[end]))) {
+            end = endOfWord(statement, at);
+        } else if (isDigit(c) || (c == '.' && end < statement.size() && isDigit(statement[end]))) {
             token.kind = Token::Kind::Number;
-            end = endOfNumber(shape, at);
+            end = endOfNumber(statement, at);
         } else if (c == '[' || c == '"' || c == '`') {
             token.kind = Token::Kind::QuotedName;
-            end = endOfQuoted(shape, at, c == '[' ? ']' : c);
+            end = std::min(endOfQuoted(statement, at, c == '[' ? ']' : c), statement.size());
+        } else if (c == '\'' || c == '#') {
+            token.kind = Token::Kind::Literal;
+            end = std::min(endOfQuoted(statement, at, c), statement.size());
         } else if (c == literalMark) {
             token.kind = Token::Kind::Mark;
             token.literal = ++marks;
         } else {
             for (const std::string_view symbol : twoCharacterSymbols) {
-                if (shape.substr(at, 2) == symbol) end = at + 2;
+                if (statement.substr(at, 2) == symbol) end = at + 2;
             }
         }
-        token.text = shape.substr(at, end - at);
+        token.text = statement.substr(at, end - at);
         tokens.push_back(token);
         at = end;
     }
     return tokens;
 }
 
-}  // namespace ledgerwick::sqlite
+std::string quotedName(std::string_view name) {
+    return '"' + replaceAll(name, "\"", "\"\"") + '"';
+}
+
+}  // namespace ledgerwick::dialect

@@ -1,4 +1,4 @@
-// The statements' dialect, turned into SQLite's.
+// The statements' dialect, spelled for SQLite.
 //
 //   UPDATE PRPay LEFT JOIN PensionSchemes ON ... SET PRPHasBeenVisited = ? WHERE ...
 //   UPDATE PRPay SET PRPHasBeenVisited = ?1
@@ -14,25 +14,19 @@
 // brackets are SQLite's too.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "hostkit/rowsets/keyed_set.h"
 #include "hostkit/sqlite/tables.h"
 #include "ledgerwick/records/record_access.h"
 
 namespace ledgerwick::sqlite {
 
-// A name as it stands in a statement for SQLite, whatever its characters.
-std::string quotedName(std::string_view name);
-
 // How an updatable set reaches its rows.
-struct KeyedPlan {
-    TableRef table;
-    FieldIndex fields;             // those of the statement
-    std::vector<int> tableColumn;  // of each field
-    std::vector<int> rowColumn;    // of each field in `rowSql`, -1 when the caller will not read it
-    std::string rowSql;            // one row by its number
+struct KeyedPlan : rowsets::KeyedFields {
+    std::string rowSql;  // one row by its number
 };
 
 // A shape of the lexer as a statement for SQLite, its marks numbered.

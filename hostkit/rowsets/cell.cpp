@@ -1,4 +1,4 @@
-#include "hostkit/sqlite/cell.h"
+#include "hostkit/rowsets/cell.h"
 
 #include <array>
 #include <cmath>
@@ -7,7 +7,7 @@
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/text.h"
 
-namespace ledgerwick::sqlite {
+namespace ledgerwick::rowsets {
 
 namespace {
 
@@ -48,11 +48,6 @@ void takeReal(double value, VariantKind kind, Variant& into) {
     } else {
         into.assign(value);
     }
-}
-
-void requireStorable(Currency value, std::string_view source) {
-    if (Currency::fromDouble(value.toDouble()) == value) return;
-    raise(error_number::overflow, source, value.toText() + " cannot be stored to four decimals");
 }
 
 }  // namespace
@@ -114,11 +109,8 @@ Variant toFieldValue(const Variant& value, VariantKind kind, std::string_view so
             return value.toDate(source);
         case VariantKind::Text:
             return value.toText(source);
-        case VariantKind::Currency: {
-            const Currency money = value.toCurrency(source);
-            requireStorable(money, source);
-            return money;
-        }
+        case VariantKind::Currency:
+            return value.toCurrency(source);
         default:
             if (value.isArray() || value.isObject()) raise(error_number::typeMismatch, source);
             return value;
@@ -143,25 +135,6 @@ Cell toCell(const Variant& value) noexcept {
     }
 }
 
-void bind(sqlite3_stmt* statement, int parameter, const Cell& cell, bool copyText) {
-    switch (cell.storage) {
-        case Cell::Storage::Null:
-            sqlite3_bind_null(statement, parameter);
-            break;
-        case Cell::Storage::Whole:
-            sqlite3_bind_int64(statement, parameter, cell.whole);
-            break;
-        case Cell::Storage::Real:
-            sqlite3_bind_double(statement, parameter, cell.real);
-            break;
-        case Cell::Storage::Text:
-            sqlite3_bind_text64(statement, parameter, cell.text.data() ? cell.text.data() : "",
-                                cell.text.size(), copyText ? SQLITE_TRANSIENT : SQLITE_STATIC,
-                                SQLITE_UTF8);
-            break;
-    }
-}
-
 std::string_view toText(const Cell& cell, VariantKind kind, const FieldName& name,
                         std::string& made) {
     if (cell.storage == Cell::Storage::Text) return cell.text;
@@ -169,4 +142,4 @@ std::string_view toText(const Cell& cell, VariantKind kind, const FieldName& nam
     return made;
 }
 
-}  // namespace ledgerwick::sqlite
+}  // namespace ledgerwick::rowsets
