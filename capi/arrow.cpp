@@ -363,7 +363,8 @@ std::int32_t ledgerwick_arrow_stream(const struct ArrowArray* array, std::int64_
         const auto& all = static_cast<const ArrayParts*>(array->private_data)->all;
         const auto isRow = [&](std::int64_t row) { return row >= 0 && row < all->rows; };
         const bool isEmpty = rows == 0;
-        if (rows < 0 || rows > all->rows || step > all->rows || step < -all->rows ||
+        const bool isFar = step > all->rows || step < -all->rows;
+        if (rows < 0 || rows > all->rows || (rows > 1 && isFar) ||
             (!isEmpty && !(isRow(first) && isRow(first + (rows - 1) * step)))) {
             ledgerwick::raise(LEDGERWICK_OUT_OF_RANGE, here, "rows outside the table");
         }

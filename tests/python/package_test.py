@@ -1,15 +1,18 @@
 """The Python package: its declarations against the header, its values, its errors, its guide."""
 
 import ctypes
+import doctest
 import os
 import pickle
 import re
+import runpy
 import sqlite3
 import subprocess
 import sys
 import tempfile
 import threading
 import unittest
+import warnings
 import zipfile
 from contextlib import closing
 from datetime import date, datetime, timedelta
@@ -333,7 +336,8 @@ class Tables(unittest.TestCase):
 
     def test_a_part_holds_what_the_whole_holds(self):
         rows = list(self.table)
-        for part in (slice(2, 9), slice(None, None, -1), slice(1, 10, 3), slice(5, 5)):
+        for part in (slice(2, 9), slice(None, None, -1), slice(1, 10, 3), slice(5, 5),
+                     slice(3, 4, 99)):
             self.assertEqual(list(self.table[part]), rows[part])
             self.assertEqual([self.table[part][i] for i in range(len(rows[part]))], rows[part])
             self.assertEqual(arrow(self.table[part]), rows_as_arrow(rows[part]), part)
@@ -446,6 +450,56 @@ def _column(layout, array):
         return kind.from_address(data + 8 * place).value
 
     return [value(array.offset + place) for place in range(array.length)]
+
+
+class Examples(unittest.TestCase):
+    """Those of the docstrings, each on a small company of its own, and the tutorial."""
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.addClassCleanup(os.chdir, os.getcwd())
+        os.chdir(folder.name)
+        example = runpy.run_path(str(SOURCE / "bindings/python/examples/pay_run.py"))
+        example["lay_down_company"](Path("company.db"))
+        cls.company = Path("company.db").read_bytes()
+
+    def test_docstrings(self):
+        tried = 0
+        for module in (ledgerwick, ledgerwick.session, ledgerwick.tables, ledgerwick.errors):
+            for test in doctest.DocTestFinder(exclude_empty=False).find(module):
+                owner, _, name = test.name.rpartition(".")
+                if owner == "ledgerwick.session.Session" and not name.startswith("_"):
+                    self.assertTrue(test.examples, f"{test.name} has no example")
+                if not test.examples:
+                    continue
+                Path("company.db").write_bytes(self.company)
+                for each in Path().glob("*.db*"):
+                    if each.name != "company.db":
+                        each.unlink()
+                with Session("company.db", TODAY, durability=Durability.RELAXED) as company:
+                    company.load()
+                    test.globs = {"company": company, "ledgerwick": ledgerwick, "date": date,
+                                  "Decimal": Decimal, **vars(ledgerwick)}
+                    result = doctest.DocTestRunner().run(test)
+                self.assertEqual(result.failed, 0, test.name)
+                tried += 1
+        self.assertGreater(tried, 60)
+
+    def test_tutorial(self):
+        result = doctest.testfile(str(SOURCE / "docs/python-tutorial.md"), module_relative=False)
+        self.assertEqual(result.failed, 0)
+        self.assertGreater(result.attempted, 20)
+
+    def test_random_calls(self):
+        fuzzer = runpy.run_path(str(SOURCE / "fuzz/python_calls.py"))
+        with warnings.catch_warnings():
+            warnings.simplefilter("ignore", ResourceWarning)
+            with tempfile.TemporaryDirectory() as folder:
+                company = fuzzer["new_company"](Path(folder))
+            for seed in range(2):
+                fuzzer["one_round"](seed, company, 40)
 
 
 class Guide(unittest.TestCase):

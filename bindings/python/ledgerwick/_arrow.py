@@ -42,7 +42,7 @@ class Batch:
             "arrow_stream",
             ctypes.byref(self.array),
             rows.start if rows else 0,
-            rows.step if rows else 1,
+            rows.step if len(rows) > 1 else 1,
             len(rows),
             ctypes.byref(stream),
         )
