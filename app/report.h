@@ -27,7 +27,7 @@ using report::Table;
 enum class Format { Text, Csv, Json };
 
 // Sentences for people, single facts, and tables. People see all of it but the facts, which the
-// sentences already tell; CSV is the first table alone; JSON has the facts and the tables by name,
+// sentences already give; CSV is the first table alone; JSON has the facts and the tables by name,
 // and is a plain list when there is one table and no fact.
 class Report {
   public:

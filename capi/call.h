@@ -16,7 +16,7 @@
 
 namespace ledgerwick::c {
 
-// Tells the exception in flight, and gives its number.
+// Writes the exception in flight to the error structure, and returns its number.
 std::int32_t failed(ledgerwick_error* error) noexcept;
 void succeeded(ledgerwick_error* error) noexcept;
 

@@ -70,7 +70,7 @@ void runExport(const Context& context, const CompanyOptions& options) {
 void addCompanyCommands(CLI::App& app, Context& context) {
     const auto options = std::make_shared<CompanyOptions>();
 
-    auto* create = app.add_subcommand("new", "Lay down an empty database for a company");
+    auto* create = app.add_subcommand("new", "Create an empty database for a company");
     addDatabase(*create, options->database);
     create->add_option("--year", options->year, "The calendar year in which the tax year begins")
         ->required()

@@ -1,4 +1,4 @@
-// The whole road of a pay run on the sample company, told step by step.
+// The whole road of a pay run on the sample company, shown step by step.
 #include <filesystem>
 #include <memory>
 #include <ostream>
@@ -132,7 +132,7 @@ class Demo {
     }
 
     void tellStatus() {
-        step("Tell where the workers stand in pension auto-enrolment");
+        step("Show where the workers stand in pension auto-enrolment");
         show(autoEnrolStatus(*session_, context_.today(), DLLGlobal::currentPayrollYear()));
     }
 

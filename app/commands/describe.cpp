@@ -137,13 +137,13 @@ ledgerwick \- run a UK payroll database
 .SH DESCRIPTION
 .B ledgerwick
 is a payroll host on the command line. It keeps a company in one SQLite file, takes it in from CSV
-files and gives it out again, tells whose pay falls due, opens and closes pay runs, adds employments,
+files and gives it out again, lists whose pay falls due, opens and closes pay runs, adds employments,
 and writes the tables and letters of pension auto-enrolment. It does not work out pay, tax or
 National Insurance.
 .PP
 Dates are written as 2016\-04\-29 or day first as 29/4/2016.
 .SH OPTIONS
-These stand in front of the command or behind it; \-\-help behind a command is about that command.
+These stand in front of the command or after it; \-\-help after a command is about that command.
 )";
 
 constexpr const char* manFoot = R"(.SH FILES
@@ -213,14 +213,14 @@ std::string usageOf(const Command& command) {
 constexpr const char* bashHead =
     R"sh(# Completion of ledgerwick for bash; made by scripts/command-docs --update.
 
-# The options that may stand behind every command.
+# The options that may stand after every command.
 _ledgerwick_options() {
   echo ")sh";
 
 constexpr const char* bashWords = R"sh("
 }
 
-# The commands and options that may stand behind a command.
+# The commands and options that may stand after a command.
 _ledgerwick_words() {
   case "$1" in
 )sh";
@@ -267,7 +267,7 @@ complete -o filenames -F _ledgerwick ledgerwick
 constexpr const char* zshHead = R"sh(#compdef ledgerwick
 # Completion of ledgerwick for zsh; made by scripts/command-docs --update.
 
-# The commands and options that may stand behind a command, and the values of an option.
+# The commands and options that may stand after a command, and the values of an option.
 _ledgerwick_known() {
   case "$1" in
 )sh";
@@ -318,7 +318,7 @@ _ledgerwick() {
 _ledgerwick "$@"
 )sh";
 
-// The flags of a command itself; those of the program may stand behind every command and are written
+// The flags of a command itself; those of the program may stand after every command and are written
 // once.
 std::vector<const CLI::Option*> flaggedOf(const CLI::App& app) {
     auto options = optionsOf(app);
@@ -402,7 +402,7 @@ void writeZshCompletion(const CLI::App& root, std::ostream& out) {
         out << ")\n      flags=(";
         writeFlags(*command.app);
     }
-    out << "    options)\n      flags+=(";  // what may stand behind every command
+    out << "    options)\n      flags+=(";  // what may stand after every command
     writeFlags(root);
     out << zshValues;
     writeValueCases(commands, out, "reply=(", ")");

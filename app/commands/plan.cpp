@@ -75,7 +75,7 @@ void groupByEmployee(std::vector<RowChange>& changes) {
     });
 }
 
-void tell(HostSession& session, const std::vector<RowChange>& changes, Report& report) {
+void show(HostSession& session, const std::vector<RowChange>& changes, Report& report) {
     Table& table = report.dataTable(
         "changes", {"naid", "name", "change", "table", "key", "field", "from", "to"});
     const RowChange* last = nullptr;
@@ -111,7 +111,7 @@ Report planOf(const Context& context, const std::string& path, RunStep step,
         const std::string summary = summaryOf(changes);
         report.say(summary.empty() ? "Nothing would be written."
                                    : "Would be written: " + summary + ". Nothing was written.");
-        tell(*session, changes, report);
+        show(*session, changes, report);
     });
     return report;
 }

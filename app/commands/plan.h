@@ -1,4 +1,4 @@
-// What a step of a pay run would write, told without writing it.
+// What a step of a pay run would write, shown without writing it.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ namespace ledgerwick::app {
 
 using RunStep = Report (*)(HostSession&, const office::Selection&);
 
-// Runs the step itself, on the file itself, in a transaction that is taken back, and tells by
+// Runs the step itself, on the file itself, in a transaction that is taken back, and shows by
 // employee which rows it added, changed and took away. The keys of new rows are those that the step
 // would give if it ran now.
 // Errors: those of the step.

@@ -41,7 +41,7 @@ void addPlan(CLI::App& run, Context& context) {
     const auto options = std::make_shared<RunOptions>();
     const auto step = std::make_shared<std::string>();
     auto* command = run.add_subcommand(
-        "plan", "Tell row by row what opening or closing would write; nothing is written");
+        "plan", "Show row by row what opening or closing would write; nothing is written");
     addDatabase(*command, options->database);
     command->add_option("STEP", *step, "The step to plan: open, close")
         ->required()

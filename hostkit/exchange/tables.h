@@ -1,7 +1,7 @@
 // The tables of a company as files: which there are, what their fields hold, and how a field is
 // written in a file.
 //
-// Dates are 2016-04-29, with "T13:00:00" behind them when there is a time of day; a date that is not
+// Dates are 2016-04-29, followed by "T13:00:00" when there is a time of day; a date that is not
 // set and an empty text are an empty field. An empty field of any other kind is the table's own
 // default. Booleans are True and False, numbers plain decimal. `\N` is Null.
 #pragma once

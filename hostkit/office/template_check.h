@@ -22,7 +22,7 @@ struct TemplateFault {
     std::string what;
 };
 
-// Tells why a letter leaves the placeholder of a value as it is; empty when it fills it.
+// Says why a letter leaves the placeholder of a value unfilled; empty when it fills it.
 using WhyUnfilled = std::function<std::string(LetterValue)>;
 
 // Judges a template by its bytes, as a letter reads them: unknown placeholders, placeholders that

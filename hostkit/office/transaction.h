@@ -9,7 +9,7 @@
 
 namespace ledgerwick::office {
 
-// The company behind a session, under any layers over it.
+// The company of a session, under any layers over it.
 // Errors: 5 for a database of the host's own.
 LEDGERWICK_HOSTKIT_API store::CompanyStore& storeOf(HostSession& session);
 

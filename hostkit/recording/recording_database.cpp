@@ -38,7 +38,7 @@ std::int32_t ownerIn(Recordset& row, const FollowedTable& table) {
     return row.IsNull(table.owner) ? 0 : row.GetInt32(table.owner);
 }
 
-// The statement with key and owner among its fields, without which nobody can tell the row.
+// The statement with key and owner among its fields, without which nobody can identify the row.
 std::string withKey(std::string_view sql, const StatementParts& parts, const FollowedTable& table) {
     std::string wanted;
     for (const FieldName& field : {table.key, table.owner}) {

@@ -22,13 +22,13 @@ namespace ledgerwick {
 
 namespace recording {
 
-// A table whose rows are followed: its key, whose row it is, and what is told of a row that goes.
+// A table whose rows are followed: its key, whose row it is, and what is recorded of a deleted row.
 // The name of a key that is empty stands for a table without one.
 struct FollowedTable {
     std::string_view name;             // the table
     FieldName key;                     // its key
     FieldName owner;                   // the field of the employee
-    std::vector<FieldName> content{};  // what is told of a row that goes
+    std::vector<FieldName> content{};  // what is recorded of a deleted row
 };
 
 // What became of a row: new, with other values, or gone.

@@ -20,7 +20,7 @@ struct StatementParts {
     std::string_view source;
     std::string_view table;                  // the first of them
     std::vector<std::string_view> assigned;  // the fields of SET, without their table
-    std::string_view condition;              // behind WHERE, with all that follows
+    std::string_view condition;              // after WHERE, with all that follows
 };
 
 // The views are into `sql`.

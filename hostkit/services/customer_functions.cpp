@@ -195,11 +195,11 @@ NameParts splitName(std::string_view name) {
     const std::size_t comma = name.find(',');
     if (comma != std::string_view::npos) {
         const Words before = wordsOf(name.substr(0, comma));
-        const Words behind = compoundsJoined(wordsOf(name.substr(comma + 1)));
-        const bool namesBehind = std::any_of(behind.begin(), behind.end(), [](const auto& word) {
+        const Words after = compoundsJoined(wordsOf(name.substr(comma + 1)));
+        const bool namesAfter = std::any_of(after.begin(), after.end(), [](const auto& word) {
             return !isHonour(word) && !isGeneration(word);
         });
-        if (!before.empty() && namesBehind) return splitSurnameFirst(before, behind);
+        if (!before.empty() && namesAfter) return splitSurnameFirst(before, after);
     }
     return splitInOrder(compoundsJoined(wordsOf(name)));
 }

@@ -27,7 +27,7 @@ struct NameParts {
 // blanks.
 // Shape:  a single word is a surname. A surname begins at the first of the particles in front of
 //         its last word (van, der, de, la, St, Mac ...); one that is also a forename (Ben, Al, Mac)
-//         counts as a particle only behind another forename, unless it is written small. Degrees
+//         counts as a particle only after another forename, unless it is written small. Degrees
 //         and honours at the end (MBE, PhD) and "Esq" belong to no part.
 LEDGERWICK_HOSTKIT_API NameParts splitName(std::string_view name);
 

@@ -1,4 +1,4 @@
-// The kit's file functions and the objects that tell the program's folder.
+// The kit's file functions and the objects that give the program's folder.
 #pragma once
 
 #include <memory>

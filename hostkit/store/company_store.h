@@ -56,7 +56,7 @@ class LEDGERWICK_HOSTKIT_API CompanyStore : public Database {
     // Creates an empty `PRPayImport`: for this connection alone, or kept in the company so that a
     // later process finds it. `dropPayImportTable` removes either.
     void createPayImportTable(bool kept = false);
-    // Removes `PRPayImport`; nothing when there is none.
+    // Removes `PRPayImport`, if it is there.
     void dropPayImportTable();
     // Creates an empty `TEMP_PR_LAST_WEEK_NOS` of this workstation, for this connection alone.
     void createLastWeekNosTable(std::string_view pcId);

@@ -22,7 +22,7 @@ class LEDGERWICK_HOSTKIT_API StoreKind {
     virtual std::string_view scheme() const noexcept = 0;
     // Whether there is a company of that name.
     virtual bool exists(const std::string& name) const = 0;
-    // Opens the company, and makes an empty database where there is none.
+    // Opens the company, and creates an empty database if there is none.
     virtual std::shared_ptr<CompanyStore> open(const std::string& name,
                                                const OpenOptions& options) const = 0;
     // Removes the company with everything in it.
@@ -36,7 +36,7 @@ LEDGERWICK_HOSTKIT_API void registerKind(std::shared_ptr<const StoreKind> kind);
 // Errors: of this and the next three, 3146 when no store opens names of this kind.
 LEDGERWICK_HOSTKIT_API bool exists(const std::string& name);
 // Opens a company.
-// Errors: 53 when there is none; those of the database.
+// Errors: 53 for no such company; those of the database.
 LEDGERWICK_HOSTKIT_API std::shared_ptr<CompanyStore> open(const std::string& name,
                                                           const OpenOptions& options = {});
 // Creates a company: every table, and no row. ":memory:" is one that lives in memory.
