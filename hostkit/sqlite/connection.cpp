@@ -54,7 +54,7 @@ void Connection::configure(const store::OpenOptions& options) {
     sqlite3_busy_timeout(database_, static_cast<int>(timeout));
     // A misspelt name in double quotes is an error and not a text.
     sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    addFunctions(database_);
+    addFunctions(database_, arriving_);
     if (!options.readOnly) runScript("PRAGMA journal_mode = WAL");
     runScript(durability_ == store::Durability::Relaxed ? "PRAGMA synchronous = NORMAL"
                                                         : "PRAGMA synchronous = FULL");
@@ -88,13 +88,27 @@ std::unique_ptr<Statement> Connection::prepare(std::string sql) {
     return statement;
 }
 
+std::unique_ptr<Statement> Connection::prepare(std::string sql, WholeRow columns) {
+    readsSeen_ = writesSeen_ = 0;
+    auto statement = std::make_unique<Statement>(database_, std::move(sql), std::move(columns));
+    statement->reads = readsSeen_;
+    return statement;
+}
+
+template <class Make>
+StatementLease Connection::bound(std::string_view key, Make&& make) {
+    StatementLease statement =
+        lifted_.comesAgain() ? cache_.acquire(key, make) : cache_.lend(make());
+    for (std::size_t i = 0; i < lifted_.literalCount(); ++i) {
+        bind(statement->handle(), static_cast<int>(i) + 1, lifted_.literal(i), true);
+    }
+    return statement;
+}
+
 RecordsetRef Connection::open(std::string_view sql, RecordsetType type, FieldList reads) {
     lifted_.lift(sql);
     makeKey(type, reads);
-    const auto make = [&] { return prepareSelect(type, reads); };
-    StatementLease statement =
-        lifted_.comesAgain() ? cache_.acquire(key_, make) : cache_.lend(make());
-    bindLiterals(*statement);
+    StatementLease statement = bound(key_, [&] { return prepareSelect(type, reads); });
     if (statement->plan) {
         std::vector<rowsets::RowKey> keys;
         while (statement->step()) keys.push_back(statement->cell(0).whole);
@@ -102,7 +116,14 @@ RecordsetRef Connection::open(std::string_view sql, RecordsetType type, FieldLis
             std::make_unique<SqliteRows>(shared_from_this(), statement->plan, statement->reads),
             std::move(keys));
     }
-    auto rows = std::make_shared<SnapshotReader>(shared_from_this(), std::move(statement));
+    bool hasRow = statement->step();
+    if (statement->arrivesWrongly()) {
+        cache_.drop(key_);
+        tables_.forget();
+        statement = bound(key_, [&] { return prepareByColumn(reads); });
+        hasRow = statement->step();
+    }
+    auto rows = std::make_shared<SnapshotReader>(shared_from_this(), std::move(statement), hasRow);
     if (type == RecordsetType::Dynaset) rows->keepAllRows();
     return rows;
 }
@@ -132,17 +153,29 @@ std::unique_ptr<Statement> Connection::prepareSelect(RecordsetType type, FieldLi
             return statement;
         }
     }
-    auto statement = prepare(translate(shape, reads, tables_));
+    if (auto statement = prepareWholeRows(reads)) return statement;
+    return prepareByColumn(reads);
+}
+
+// A null pointer when the rows cannot arrive whole. Of a name that fits several columns the database
+// takes the first one that a statement gives, and here it gives none: that is such a case too.
+std::unique_ptr<Statement> Connection::prepareWholeRows(FieldList reads) {
+    RowTranslation row = translateRow(lifted_.shape(), reads, tables_);
+    if (row.names.empty()) return nullptr;
+    try {
+        return prepare(std::move(row.sql),
+                       {std::move(row.names), std::move(row.kinds), &arriving_});
+    } catch (const Error&) {
+        return nullptr;
+    }
+}
+
+std::unique_ptr<Statement> Connection::prepareByColumn(FieldList reads) {
+    auto statement = prepare(translate(lifted_.shape(), reads, tables_));
     if (statement->columnCount() == 0) {
         raise(error_number::statementError, "Database", "no rows to open in: " + statement->sql());
     }
     return statement;
-}
-
-void Connection::bindLiterals(Statement& statement) const {
-    for (std::size_t i = 0; i < lifted_.literalCount(); ++i) {
-        bind(statement.handle(), static_cast<int>(i) + 1, lifted_.literal(i), true);
-    }
 }
 
 void Connection::execute(std::string_view sql) {
@@ -153,11 +186,10 @@ void Connection::execute(std::string_view sql) {
         return;
     }
     const auto make = [&] { return prepare(translate(shape, {}, tables_)); };
-    StatementLease run = lifted_.comesAgain() ? cache_.acquire(shape, make) : cache_.lend(make());
+    const StatementLease run = bound(shape, make);
     if (run->columnCount() != 0) {
         raise(error_number::statementError, "Database", "rows to open in: " + run->sql());
     }
-    bindLiterals(*run);
     write(*run);
 }
 

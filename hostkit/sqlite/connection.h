@@ -80,12 +80,17 @@ class Connection : public std::enable_shared_from_this<Connection> {
     static int authorize(void* connection, int action, const char* detail1, const char* detail2,
                          const char* database, const char* trigger) noexcept;
     std::unique_ptr<Statement> prepare(std::string sql);
+    std::unique_ptr<Statement> prepare(std::string sql, WholeRow columns);
     std::unique_ptr<Statement> prepareSelect(RecordsetType type, FieldList reads);
+    std::unique_ptr<Statement> prepareWholeRows(FieldList reads);
+    std::unique_ptr<Statement> prepareByColumn(FieldList reads);
+    // The statement at hand with its literals, from the cache if it may be kept.
+    template <class Make>
+    StatementLease bound(std::string_view key, Make&& make);
     // A statement of the database's own, which defines tables or the like.
     void define(const std::string& sql);
     void startAfresh();
     void makeKey(RecordsetType type, FieldList reads);
-    void bindLiterals(Statement& statement) const;
     TableSet tableBit(std::string_view table);
     void tellReaders(TableSet written);
     void beginBatchTransaction();
@@ -95,6 +100,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
     void run(const char* sql);
 
     std::string path_;
+    ArrivingRow* arriving_ = nullptr;  // the row that `ledgerwick_row` fills
     sqlite3* database_ = nullptr;
     Tables tables_;
     StatementCache cache_;

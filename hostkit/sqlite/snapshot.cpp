@@ -7,9 +7,9 @@
 
 namespace ledgerwick::sqlite {
 
-SnapshotReader::SnapshotReader(std::shared_ptr<Connection> connection, StatementLease statement)
-    : connection_(std::move(connection)), statement_(std::move(statement)) {
-    ended_ = !statement_->step();
+SnapshotReader::SnapshotReader(std::shared_ptr<Connection> connection, StatementLease statement,
+                               bool hasRow)
+    : connection_(std::move(connection)), statement_(std::move(statement)), ended_(!hasRow) {
     statement_->noticeNewColumns();
     connection_->addReader(*this);
     if (ended_) return;
@@ -22,7 +22,7 @@ SnapshotReader::SnapshotReader(std::shared_ptr<Connection> connection, Statement
     }
     onKept_ = true;
     onStatement_ = false;
-    cells_ = kept_.cells().data();
+    values_ = kept_.data();
 }
 
 SnapshotReader::~SnapshotReader() {
@@ -35,19 +35,25 @@ void SnapshotReader::Close() {
     statement_.reset();
     store_.reset();
     cells_ = nullptr;
+    values_ = nullptr;
     onStatement_ = false;
 }
 
 // Leaves the statement's row for the next one.
 void SnapshotReader::stepStatement() {
     if (keeping_) {
-        kept_.copy(Statement::Row(*statement_));
+        statement_->moveRowTo(kept_);
         keptRow_ = true;
         if (!steppedBack_ && reached_ >= rowsKeptAtFirst) keeping_ = keptRow_ = false;
     }
     ended_ = !statement_->step();
     ++reached_;
+    standOnStatement();
+}
+
+void SnapshotReader::standOnStatement() {
     onStatement_ = !ended_;
+    values_ = onStatement_ ? statement_->row() : nullptr;
 }
 
 // Goes to a row in memory, or behind the last one.
@@ -67,14 +73,15 @@ void SnapshotReader::keepAllRows() {
     const std::int64_t row = position();
     auto store = std::make_unique<rowsets::RowStore>();
     if (ended_ && reached_ <= 1 && (keptRow_ || reached_ == 0)) {
-        if (keptRow_) store->append(kept_);
+        if (keptRow_) store->append(ValueSource{kept_});
     } else {
         const Connection::HeldSnapshot held(*connection_);
         statement_->reset();
-        while (statement_->step()) store->append(Statement::Row(*statement_));
+        while (statement_->step()) store->append(*statement_);
     }
     store_ = std::move(store);
     onStatement_ = onKept_ = false;
+    values_ = nullptr;
     stand(row);
 }
 
@@ -128,8 +135,7 @@ void SnapshotReader::MoveNext() {
         return;
     }
     onKept_ = false;
-    cells_ = nullptr;
-    onStatement_ = !ended_;
+    standOnStatement();
 }
 
 void SnapshotReader::MovePrevious() {
@@ -139,7 +145,7 @@ void SnapshotReader::MovePrevious() {
         steppedBack_ = keeping_ = true;
         onKept_ = true;
         onStatement_ = false;
-        cells_ = kept_.cells().data();
+        values_ = kept_.data();
         return;
     }
     keepAllRows();
@@ -163,13 +169,17 @@ ledgerwick::Bookmark SnapshotReader::LastModified() {
 }
 
 void SnapshotReader::Values(FieldList names, std::span<Variant> values) {
-    if (onStatement_) {
-        const Statement::Row row(*statement_);
-        for (std::size_t i = 0; i < names.size(); ++i) row.take(columnOf(names[i]), values[i]);
-    } else {
-        for (std::size_t i = 0; i < names.size(); ++i) {
-            const int column = columnOf(names[i]);
-            rowsets::take(cellIn(column), statement_->kind(column), values[i]);
+    if (!statement_) refuseClosed();
+    FieldIndex& fields = statement_->fields();
+    const Variant* const row = values_;
+    Variant* into = values.data();
+    for (const FieldName& name : names) {
+        const int column = fields.find(name);
+        if (column == FieldIndex::none) refuseField(name);
+        if (row) {
+            *into++ = row[column];
+        } else {
+            rowsets::take(cellIn(column), statement_->kind(column), *into++);
         }
     }
 }

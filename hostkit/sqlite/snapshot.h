@@ -17,7 +17,8 @@ namespace ledgerwick::sqlite {
 
 class SnapshotReader final : public rowsets::TypedReads<SnapshotReader>, private OpenReader {
   public:
-    SnapshotReader(std::shared_ptr<Connection> connection, StatementLease statement);
+    // The statement has been stepped once, and has or has not a row.
+    SnapshotReader(std::shared_ptr<Connection> connection, StatementLease statement, bool hasRow);
     ~SnapshotReader() override;
 
     // Brings all rows into memory.
@@ -68,14 +69,16 @@ class SnapshotReader final : public rowsets::TypedReads<SnapshotReader>, private
         return column;
     }
     Cell cellIn(int column) const {
+        if (values_) return rowsets::toCell(values_[column]);
         if (onStatement_) return statement_->cell(column);
         if (!cells_) refuseRead();
         return cells_[column];
     }
     void stepStatement();
+    void standOnStatement();
     void stand(std::int64_t row);
     std::int64_t position() const noexcept { return onKept_ ? reached_ - 1 : reached_; }
-    bool hasRow() const noexcept { return onStatement_ || cells_; }
+    bool hasRow() const noexcept { return onStatement_ || values_ || cells_; }
     void requireOpen() const;
     std::size_t requireField(std::size_t field) const;
     [[noreturn]] static void refuseClosed();
@@ -96,8 +99,9 @@ class SnapshotReader final : public rowsets::TypedReads<SnapshotReader>, private
     bool keeping_ = true;
     bool keptRow_ = false;  // there is one
     bool steppedBack_ = false;
-    const Cell* cells_ = nullptr;  // of the current row, when it is in memory
-    rowsets::KeptRow kept_;
+    const Variant* values_ = nullptr;  // the current row, when it has arrived whole or is kept
+    const Cell* cells_ = nullptr;      // the current row, out of the rows in memory
+    ValueRow kept_;
 
     std::unique_ptr<rowsets::RowStore> store_;  // all rows, when they are in memory
     std::vector<Cell> row_;

@@ -19,6 +19,22 @@ class Spelling {
   public:
     Spelling(const ParsedStatement& parsed, FieldList reads) : parsed_(parsed), reads_(reads) {}
 
+    // Returns false when a column is no column of a table.
+    bool writeRow(const Select& select, RowTranslation& row) {
+        row_ = &row;
+        write("SELECT ledgerwick_row (");
+        for (const Item& item : select.items) {
+            const std::size_t before = sql_.size();
+            const std::size_t columns = row.names.size();
+            if (columns != 0) write(",");
+            if (item.kind != Item::Kind::Star || !writeStar(select, item)) return false;
+            if (row.names.size() == columns) sql_.resize(before);  // nothing of it is read
+        }
+        write(")");
+        write(Part{select.from, parsed_.all().end});
+        return true;
+    }
+
     void write(const Select& select) {
         write("SELECT");
         const std::size_t start = sql_.size();
@@ -97,6 +113,9 @@ class Spelling {
                 if (!first) write(",");
                 first = false;
                 write(std::string(use.quoted) + '.' + quotedName(column.name));
+                if (!row_) continue;
+                row_->names.push_back(column.name);
+                row_->kinds.push_back(column.kind);
             }
         }
         return found;
@@ -115,6 +134,7 @@ class Spelling {
     const ParsedStatement& parsed_;
     FieldList reads_;
     std::string sql_;
+    RowTranslation* row_ = nullptr;  // takes the columns that are written
 };
 
 }  // namespace
@@ -130,6 +150,23 @@ std::string translate(std::string_view shape, FieldList reads, Tables& tables) {
         spelling.write(parsed.all());
     }
     return spelling.take();
+}
+
+RowTranslation translateRow(std::string_view shape, FieldList reads, Tables& tables) {
+    if (reads.empty()) return {};
+    const ParsedStatement parsed(shape);
+    const auto select = parsed.select(tables);
+    if (!select || !select->rowByRow) return {};
+    // Rows may be ordered by the place of a column.
+    const Part order{parsed.find("ORDER", parsed.all()), parsed.all().end};
+    for (std::size_t i = order.begin; i < order.end; ++i) {
+        if (parsed.tokens()[i].kind == Token::Kind::Number) return {};
+    }
+    RowTranslation row;
+    Spelling spelling(parsed, reads);
+    if (!spelling.writeRow(*select, row)) return {};
+    row.sql = spelling.take();
+    return row;
 }
 
 KeyedTranslation translateKeyed(std::string_view shape, FieldList reads, Tables& tables) {

@@ -52,7 +52,7 @@ bool SqliteRows::fetch(RowKey key, rowsets::KeptRow& row) {
         connection_->statement(plan_->rowSql, [this] { return plan_->rowSql; });
     bind(found->handle(), 1, Cell::ofWhole(key), false);
     if (!found->step()) return false;
-    row.copy(Statement::Row(*found));
+    row.copy(*found);
     return true;
 }
 

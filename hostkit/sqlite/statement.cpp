@@ -24,6 +24,22 @@ void raiseDatabaseError(sqlite3* database, std::string_view sql) {
 
 Statement::Statement(sqlite3* database, std::string sql)
     : database_(database), sql_(std::move(sql)) {
+    compile();
+    describeColumns();
+}
+
+Statement::Statement(sqlite3* database, std::string sql, WholeRow columns)
+    : database_(database),
+      sql_(std::move(sql)),
+      fields_(std::move(columns.names)),
+      kinds_(std::move(columns.kinds)),
+      arriving_(columns.arriving),
+      row_(kinds_.size()) {
+    place_ = {kinds_.data(), row_.data()};
+    compile();
+}
+
+void Statement::compile() {
     const char* rest = nullptr;
     const int result =
         sqlite3_prepare_v3(database_, sql_.c_str(), static_cast<int>(sql_.size() + 1),
@@ -34,7 +50,6 @@ Statement::Statement(sqlite3* database, std::string sql)
         sqlite3_finalize(handle_);
         raise(error_number::statementError, "Database", "not one statement: " + sql_);
     }
-    describeColumns();
 }
 
 Statement::~Statement() {
@@ -57,24 +72,29 @@ void Statement::fail() {
     raise(error_number::databaseError, "Database", words);
 }
 
+void Statement::moveRowTo(ValueRow& row) {
+    row.resize(kinds_.size());
+    if (arriving_) {
+        row.swap(row_);
+        place_.values = row_.data();
+        return;
+    }
+    for (int column = 0; column < columnCount(); ++column) {
+        rowsets::take(readColumn(handle_, column), kind(column),
+                      row[static_cast<std::size_t>(column)]);
+    }
+}
+
 void Statement::noticeNewColumns() {
+    if (arriving_) return;
     if (sqlite3_stmt_status(handle_, SQLITE_STMTSTATUS_REPREPARE, 0) != preparations_) {
         describeColumns();
     }
 }
 
-void Statement::measureRow() noexcept {
-    const auto placeOf = [this](int column) {
-        return reinterpret_cast<const char*>(sqlite3_column_value(handle_, column));
-    };
-    stride_ = 0;
-    measured_ = true;
-    if (columnCount() < 2) return;
-    const std::ptrdiff_t distance = placeOf(1) - placeOf(0);
-    for (int column = 2; column < columnCount(); ++column) {
-        if (placeOf(column) - placeOf(column - 1) != distance) return;
-    }
-    stride_ = distance;
+bool Statement::arrivesWrongly() noexcept {
+    return arriving_ && (sqlite3_stmt_status(handle_, SQLITE_STMTSTATUS_SORT, 0) != 0 ||
+                         sqlite3_stmt_status(handle_, SQLITE_STMTSTATUS_REPREPARE, 0) != 0);
 }
 
 void Statement::describeColumns() {
@@ -83,7 +103,6 @@ void Statement::describeColumns() {
     std::vector<std::string> names;
     names.reserve(static_cast<std::size_t>(count));
     kinds_.clear();
-    measured_ = false;
     for (int column = 0; column < count; ++column) {
         const char* name = sqlite3_column_name(handle_, column);
         const char* type = sqlite3_column_decltype(handle_, column);
@@ -105,6 +124,16 @@ void StatementCache::giveBack(Statement* statement) noexcept {
     statement->reset();
     statement->inUse_ = false;
     statement->lastUse_ = ++clock_;
+}
+
+void StatementCache::drop(std::string_view key) noexcept {
+    const auto known = statements_.find(key);
+    if (known == statements_.end()) return;
+    if (known->second->inUse_) {
+        known->second->kept_ = false;
+        static_cast<void>(known->second.release());  // goes when its user gives it back
+    }
+    statements_.erase(known);
 }
 
 void StatementCache::clear() noexcept {

@@ -24,6 +24,32 @@ struct KeyedPlan;
 [[noreturn]] void raiseNotCompiled(sqlite3* database, std::string_view sql);
 [[noreturn]] void raiseDatabaseError(sqlite3* database, std::string_view sql);
 
+// One row of a statement, each value of its column's kind.
+using ValueRow = std::vector<Variant>;
+
+// Such a row as a source of cells.
+struct ValueSource {
+    const ValueRow& row;
+    int columnCount() const noexcept { return static_cast<int>(row.size()); }
+    Cell cell(int column) const noexcept {
+        return rowsets::toCell(row[static_cast<std::size_t>(column)]);
+    }
+};
+
+// A row to be filled.
+struct ArrivingRow {
+    const VariantKind* kinds;
+    Variant* values;
+};
+
+// The columns of a statement whose rows arrive whole, as the arguments of the function
+// `ledgerwick_row` (functions.h): one call of the database for a row and not one for each value.
+struct WholeRow {
+    std::vector<std::string> names;
+    std::vector<VariantKind> kinds;
+    ArrivingRow** arriving;  // where that function finds the row to fill
+};
+
 // A set of tables, one bit each; beyond 64 tables two share a bit.
 using TableSet = std::uint64_t;
 
@@ -31,6 +57,7 @@ class Statement {
   public:
     // Errors: 3075.
     Statement(sqlite3* database, std::string sql);
+    Statement(sqlite3* database, std::string sql, WholeRow columns);
     ~Statement();
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;
@@ -38,6 +65,7 @@ class Statement {
     // Goes to the next row. At the end the statement lets go of the database.
     // Errors: 3146.
     bool step() {
+        if (arriving_) *arriving_ = &place_;
         const int result = sqlite3_step(handle_);
         if (result == SQLITE_ROW) return true;
         if (result != SQLITE_DONE) fail();
@@ -50,12 +78,22 @@ class Statement {
     [[noreturn]] void fail();
     void reset() noexcept { sqlite3_reset(handle_); }
 
-    Cell cell(int column) const noexcept { return readCell(sqlite3_column_value(handle_, column)); }
+    Cell cell(int column) const noexcept {
+        return arriving_ ? rowsets::toCell(row_[static_cast<std::size_t>(column)])
+                         : readColumn(handle_, column);
+    }
+    // The current row when it has arrived whole, or a null pointer.
+    const Variant* row() const noexcept { return arriving_ ? row_.data() : nullptr; }
+    // Puts the current row into `row`, where it outlives the next step.
+    void moveRowTo(ValueRow& row);
     int columnCount() const noexcept { return static_cast<int>(kinds_.size()); }
     VariantKind kind(int column) const noexcept { return kinds_[static_cast<std::size_t>(column)]; }
     FieldIndex& fields() noexcept { return fields_; }
     // To be called on the first row: another connection may have changed the tables since.
     void noticeNewColumns();
+    // Whether what arrives is not the row that the statement stands on, as of the first row: the
+    // database sorts the rows after it has called the function, or the tables have changed.
+    bool arrivesWrongly() noexcept;
 
     sqlite3_stmt* handle() const noexcept { return handle_; }
     const std::string& sql() const noexcept { return sql_; }
@@ -64,46 +102,11 @@ class Statement {
     TableSet writes = 0;
     std::shared_ptr<KeyedPlan> plan;  // of the keys of an updatable set
 
-    // The current row, for a reader of many of its columns.
-    class Row {
-      public:
-        explicit Row(Statement& statement) noexcept
-            : statement_(statement), first_(sqlite3_column_value(statement.handle_, 0)) {
-            if (!statement.measured_) statement.measureRow();
-            stride_ = statement.stride_;
-        }
-
-        int columnCount() const noexcept { return statement_.columnCount(); }
-        Cell cell(int column) const noexcept { return readCell(valueOf(column)); }
-
-        // The column as a value of its kind.
-        void take(int column, Variant& into) const {
-            sqlite3_value* const value = valueOf(column);
-            const VariantKind kind = statement_.kind(column);
-            if (sqlite3_value_type(value) == SQLITE_INTEGER) {
-                rowsets::takeWhole(sqlite3_value_int64(value), kind, into);
-            } else {
-                rowsets::take(readCell(value), kind, into);
-            }
-        }
-
-      private:
-        sqlite3_value* valueOf(int column) const noexcept {
-            if (stride_ == 0) return sqlite3_column_value(statement_.handle_, column);
-            return reinterpret_cast<sqlite3_value*>(reinterpret_cast<char*>(first_) +
-                                                    stride_ * column);
-        }
-
-        const Statement& statement_;
-        sqlite3_value* first_;
-        std::ptrdiff_t stride_ = 0;
-    };
-
   private:
     friend class StatementCache;
 
+    void compile();
     void describeColumns();
-    void measureRow() noexcept;
 
     sqlite3* database_;
     std::string sql_;
@@ -111,10 +114,9 @@ class Statement {
     FieldIndex fields_;
     std::vector<VariantKind> kinds_;
     int preparations_ = 0;
-    // The database keeps the values of a row side by side: their distance, found out on a first
-    // row, saves a call for each value. 0 when it is not so.
-    std::ptrdiff_t stride_ = 0;
-    bool measured_ = false;
+    ArrivingRow** arriving_ = nullptr;  // of a statement whose rows arrive whole
+    ArrivingRow place_{};               // is `row_`
+    ValueRow row_;
 
     bool kept_ = false;  // by the cache
     bool inUse_ = false;
@@ -146,6 +148,8 @@ class StatementCache {
     // One that is not kept.
     StatementLease lend(std::unique_ptr<Statement> statement) { return lend(statement.release()); }
 
+    // Drops the statement under `key`, which is in use: a new one is made at the next call.
+    void drop(std::string_view key) noexcept;
     void giveBack(Statement* statement) noexcept;
     // Drops all of them; those in use go when they are given back.
     void clear() noexcept;

@@ -9,7 +9,7 @@ namespace ledgerwick::sqlite {
 
 using rowsets::Cell;
 
-// A value of the current row of a statement, or an argument of an SQL function.
+// An argument of an SQL function.
 inline Cell readCell(sqlite3_value* value) noexcept {
     switch (sqlite3_value_type(value)) {
         case SQLITE_INTEGER:
@@ -21,6 +21,25 @@ inline Cell readCell(sqlite3_value* value) noexcept {
         default:
             return Cell::ofText({reinterpret_cast<const char*>(sqlite3_value_text(value)),
                                  static_cast<std::size_t>(sqlite3_value_bytes(value))});
+    }
+}
+
+// All arguments of an SQL function, each as a value of its kind.
+void takeArguments(int count, sqlite3_value** arguments, const VariantKind* kinds, Variant* into);
+
+// A value of the row that a statement stands on.
+inline Cell readColumn(sqlite3_stmt* statement, int column) noexcept {
+    switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_INTEGER:
+            return Cell::ofWhole(sqlite3_column_int64(statement, column));
+        case SQLITE_FLOAT:
+            return Cell::ofReal(sqlite3_column_double(statement, column));
+        case SQLITE_NULL:
+            return {};
+        default:
+            return Cell::ofText(
+                {reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
+                 static_cast<std::size_t>(sqlite3_column_bytes(statement, column))});
     }
 }
 

@@ -111,6 +111,32 @@ TEST_F(SqliteFile, SetsSeeTheChangesOfTheTablesAfterTheyWereOpened) {
     EXPECT_EQ(raisedBy([&] { rs->Update(); }), error_number::noCurrentRecord);
 }
 
+TEST_F(SqliteFile, RowsOfFewFieldsAreTheRowsOfAllOfThemInAnyOrder) {
+    const auto db = open();
+    const std::string longText(300, 'x');
+    for (const char* name : {"B", "D", "A"}) add(*db, name);
+    db->Execute("UPDATE Customers SET NATown = '" + longText + "' WHERE NABusName = 'D'",
+                failOnError);
+    db->Execute("UPDATE Customers SET NATown = NULL WHERE NABusName = 'A'", failOnError);
+    const std::vector<FieldName> few{field::NATown, field::NABusName};
+    // By the table's own order, and by one that no index gives: the database sorts.
+    for (const char* order : {"NAID", "NABusName", "NATown DESC, Customers.NABusName"}) {
+        const std::string sql = std::string("SELECT * FROM Customers ORDER BY ") + order;
+        for (int again = 0; again < 2; ++again) {
+            const auto all = db->OpenRecordset(sql, RecordsetType::Snapshot);
+            const auto some = db->OpenRecordset(sql, RecordsetType::Snapshot, few);
+            for (; !all->Eof(); all->MoveNext(), some->MoveNext()) {
+                EXPECT_EQ(some->Value(field::NABusName), all->Value("NABusName")) << order;
+                EXPECT_EQ(some->Value(field::NATown), all->Value("NATown")) << order;
+                EXPECT_EQ(raisedBy([&] { some->Value(field::NASeq); }), error_number::noSuchItem);
+            }
+            EXPECT_TRUE(some->Eof());
+            some->MovePrevious();
+            EXPECT_EQ(some->AbsolutePosition(), 2);
+        }
+    }
+}
+
 TEST_F(SqliteFile, ColumnsThatAHostAddsAreHandedThrough) {
     const auto db = open();
     const char* const sql = "SELECT * FROM Customers WHERE NAID = 1";
