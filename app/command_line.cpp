@@ -15,6 +15,7 @@
 #include "hostkit/office/refusal.h"
 #include "hostkit/services/terminal_text.h"
 #include "ledgerwick/values/text.h"
+#include "ledgerwick/version.h"
 
 namespace ledgerwick::app {
 
@@ -105,6 +106,8 @@ int runCommandLine(std::vector<std::string> arguments, std::ostream& out, std::o
     Context context(out, err);
     CLI::App app("Runs a UK payroll database with the Ledgerwick library.", "ledgerwick");
     app.footer(footer);
+    app.set_version_flag("--version", "ledgerwick " + std::string(libraryVersion()),
+                         "Print the version and exit");
     app.require_subcommand(1);
     app.fallthrough();
     addToday(app, context);

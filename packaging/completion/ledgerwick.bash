@@ -1,14 +1,14 @@
 # Completion of ledgerwick for bash; made by scripts/command-docs --update.
 
-# The options that may stand behind every command.
+# The options that may stand after every command.
 _ledgerwick_options() {
-  echo "--help --today --csv --json --durability"
+  echo "--help --version --today --csv --json --durability"
 }
 
-# The commands and options that may stand behind a command.
+# The commands and options that may stand after a command.
 _ledgerwick_words() {
   case "$1" in
-    "") echo "new import export calendar explain employees employee rows due run fill report employment ae audit demo --help --today --csv --json --durability" ;;
+    "") echo "new import export calendar explain employees employee rows due run fill report employment ae audit demo --help --version --today --csv --json --durability" ;;
     "new") echo "--year $(_ledgerwick_options)" ;;
     "import") echo "$(_ledgerwick_options)" ;;
     "export") echo "$(_ledgerwick_options)" ;;
