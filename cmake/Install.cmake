@@ -1,5 +1,5 @@
 # Installs the library, the kit, the command and the package that find_package(Ledgerwick) reads.
-# Runtime is what a built host needs, Sqlite the store on SQLite, Development what building a host
+# Runtime is what a built host needs, Sqlite and Postgres the stores, Development what building a host
 # needs, Command the program.
 include(CMakePackageConfigHelpers)
 
@@ -34,9 +34,11 @@ foreach(header ${internal_headers})
   list(APPEND internal_patterns REGEX "/${header}$" EXCLUDE)
 endforeach()
 
-if(NOT TARGET ledgerwick_sqlite)
-  list(APPEND internal_patterns PATTERN hostkit/sqlite EXCLUDE)
-endif()
+foreach(store sqlite postgres)
+  if(NOT TARGET ledgerwick_${store})
+    list(APPEND internal_patterns PATTERN hostkit/${store} EXCLUDE)
+  endif()
+endforeach()
 
 # The headers of one of the project's folders: ledgerwick_install_headers(FOLDER)
 function(ledgerwick_install_headers folder)
@@ -51,11 +53,13 @@ set(LEDGERWICK_PC_STATIC "")
 set(LEDGERWICK_HOSTKIT_PC_STATIC "")
 set(LEDGERWICK_C_PC_STATIC "")
 set(LEDGERWICK_SQLITE_PC_REQUIRES "")
+set(LEDGERWICK_POSTGRES_PC_REQUIRES "")
 if(NOT BUILD_SHARED_LIBS)
   set(LEDGERWICK_PC_STATIC "-DLEDGERWICK_STATIC")
   set(LEDGERWICK_HOSTKIT_PC_STATIC "-DLEDGERWICK_HOSTKIT_STATIC")
   set(LEDGERWICK_C_PC_STATIC "-DLEDGERWICK_C_STATIC")
   set(LEDGERWICK_SQLITE_PC_REQUIRES ", sqlite3")
+  set(LEDGERWICK_POSTGRES_PC_REQUIRES ", libpq")
 endif()
 
 ledgerwick_install_library(ledgerwick LedgerwickTargets)
@@ -90,6 +94,12 @@ if(TARGET ledgerwick_sqlite)
   ledgerwick_install_pkg_config(ledgerwick-sqlite)
   install(FILES hostkit/sqlite/schema.sql DESTINATION ${CMAKE_INSTALL_DATADIR}/ledgerwick
           COMPONENT Command)
+endif()
+if(TARGET ledgerwick_postgres)
+  ledgerwick_install_library(ledgerwick_postgres LedgerwickPostgresTargets Postgres)
+  install(EXPORT LedgerwickPostgresTargets NAMESPACE Ledgerwick::
+          DESTINATION ${LEDGERWICK_PACKAGE_DIR} COMPONENT Development)
+  ledgerwick_install_pkg_config(ledgerwick-postgres)
 endif()
 # The Python package, where the system's Python looks for such: packaging/build-deb names the folder.
 if(LEDGERWICK_WITH_HOSTKIT AND LEDGERWICK_PYTHON_DIR)

@@ -9,6 +9,9 @@ set(CPACK_COMPONENTS_ALL Runtime Development)
 if(TARGET ledgerwick_sqlite)
   list(APPEND CPACK_COMPONENTS_ALL Sqlite)
 endif()
+if(TARGET ledgerwick_postgres)
+  list(APPEND CPACK_COMPONENTS_ALL Postgres)
+endif()
 if(TARGET ledgerwick_command)
   list(APPEND CPACK_COMPONENTS_ALL Command)
 endif()
@@ -54,6 +57,19 @@ set(CPACK_DEBIAN_SQLITE_DESCRIPTION
  .
  This package holds the store that keeps a company in an SQLite file.")
 set(CPACK_DEBIAN_SQLITE_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
+
+set(postgres_package libledgerwick-postgres${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_POSTGRES_PACKAGE_NAME ${postgres_package})
+set(CPACK_DEBIAN_POSTGRES_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_POSTGRES_PACKAGE_DEPENDS "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} ${same_version}")
+set(CPACK_DEBIAN_POSTGRES_DESCRIPTION
+    "UK payroll object library: companies on a PostgreSQL server
+ Ledgerwick is a payroll object library that an accounts suite loads
+ in-process.
+ .
+ This package holds the store that keeps a company in a schema of a
+ PostgreSQL database, for several offices at once.")
+set(CPACK_DEBIAN_POSTGRES_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libledgerwick-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)

@@ -5,6 +5,9 @@
 #ifdef LEDGERWICK_LINKED_SQLITE
 #include "hostkit/sqlite/store_kind.h"
 #endif
+#ifdef LEDGERWICK_LINKED_POSTGRES
+#include "hostkit/postgres/store_kind.h"
+#endif
 
 namespace ledgerwick {
 
@@ -12,6 +15,9 @@ namespace ledgerwick {
 inline void registerStores() {
 #ifdef LEDGERWICK_LINKED_SQLITE
     sqlite::registerStore();
+#endif
+#ifdef LEDGERWICK_LINKED_POSTGRES
+    postgres::registerStore();
 #endif
 }
 

@@ -182,9 +182,9 @@ void LiftedStatement::scan(std::string_view sql) {
 std::size_t LiftedStatement::word(std::string_view sql, std::size_t at) {
     const std::size_t end = endOfWord(sql, at);
     const std::string_view word = sql.substr(at, end - at);
-    if (word.size() == 4 && equalsIgnoringCase(word, "True")) {
+    if (!keepBooleans_ && word.size() == 4 && equalsIgnoringCase(word, "True")) {
         add(Cell::ofWhole(-1));
-    } else if (word.size() == 5 && equalsIgnoringCase(word, "False")) {
+    } else if (!keepBooleans_ && word.size() == 5 && equalsIgnoringCase(word, "False")) {
         add(Cell::ofWhole(0));
     } else {
         if (word.size() == 2 && equalsIgnoringCase(word, "BY")) sorting_ = true;
@@ -225,7 +225,9 @@ std::size_t LiftedStatement::date(std::string_view sql, std::size_t at) {
     if (close == std::string_view::npos) refuse("a date without an end", sql);
     Date date;
     if (!readDate(sql.substr(at + 1, close - at - 1), date)) refuse("a date that is none", sql);
+    const std::size_t before = literals_.size();
     add(dateCell(date));
+    if (literals_.size() != before) literals_.back().isDate = true;
     return close + 1;
 }
 
@@ -238,7 +240,7 @@ std::size_t LiftedStatement::quotedName(std::string_view sql, std::size_t at, ch
 
 void LiftedStatement::lift(const Cell& cell, std::size_t textStart, std::size_t textSize) {
     shape_ += literalMark;
-    literals_.push_back({cell, textStart, textSize});
+    literals_.push_back({cell, textStart, textSize, false});
 }
 
 void LiftedStatement::add(const Cell& cell) {

@@ -32,11 +32,15 @@ class LEDGERWICK_HOSTKIT_API LiftedStatement {
     // Errors: 3075 for a literal without an end, or one that is no date, and for a character that
     //         no statement holds outside a text.
     void lift(std::string_view sql);
+    // From now on True and False stay in the shape as they are written.
+    void keepBooleans() noexcept { keepBooleans_ = true; }
 
     const std::string& shape() const noexcept { return shape_; }
     std::size_t literalCount() const noexcept { return literals_.size(); }
     // Valid until the next `lift`.
     Cell literal(std::size_t index) const noexcept;
+    // Whether the literal is a date.
+    bool isDate(std::size_t index) const noexcept { return literals_[index].isDate; }
     // Whether it reads or changes rows; other statements are SQLite's own.
     bool isQuery() const noexcept { return query_; }
     // Whether the shape is worth keeping, as that of a statement that will come again.
@@ -46,6 +50,7 @@ class LEDGERWICK_HOSTKIT_API LiftedStatement {
     struct Literal {
         Cell cell;
         std::size_t textStart = 0, textSize = 0;
+        bool isDate = false;
     };
 
     void scan(std::string_view sql);
@@ -62,6 +67,7 @@ class LEDGERWICK_HOSTKIT_API LiftedStatement {
     std::vector<Literal> literals_;
     bool query_ = true;
     bool lifting_ = true;
+    bool keepBooleans_ = false;
     bool sorting_ = false;  // behind ORDER BY or GROUP BY
 };
 

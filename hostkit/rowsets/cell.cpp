@@ -85,6 +85,8 @@ void take(const Cell& cell, VariantKind kind, Variant& into) {
             return into.assign(Null);
         case Cell::Storage::Whole:
             return takeWhole(cell.whole, kind, into);
+        case Cell::Storage::Money:
+            return into.assign(Currency::fromTicks(cell.whole));
         case Cell::Storage::Real:
             return takeReal(cell.real, kind, into);
         default:

@@ -13,7 +13,7 @@ namespace ledgerwick::rowsets {
 
 // A text belongs to the row that the cell was read from.
 struct Cell {
-    enum class Storage : std::uint8_t { Null, Whole, Real, Text };
+    enum class Storage : std::uint8_t { Null, Whole, Real, Money, Text };  // Money: in ticks
 
     Storage storage = Storage::Null;
     union {
@@ -32,6 +32,12 @@ struct Cell {
         Cell cell;
         cell.storage = Storage::Real;
         cell.real = value;
+        return cell;
+    }
+    static Cell ofMoney(std::int64_t ticks) noexcept {
+        Cell cell;
+        cell.storage = Storage::Money;
+        cell.whole = ticks;
         return cell;
     }
     static Cell ofText(std::string_view value) noexcept {
@@ -96,6 +102,7 @@ inline float toSingle(const Cell& cell, const FieldName& name) {
 }
 
 inline Currency toCurrency(const Cell& cell, const FieldName& name) {
+    if (cell.storage == Cell::Storage::Money) return Currency::fromTicks(cell.whole);
     if (cell.storage == Cell::Storage::Real) return Currency::fromDouble(cell.real, name.text());
     return asStored(cell).toCurrency(name.text());
 }

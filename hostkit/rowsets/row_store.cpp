@@ -8,7 +8,7 @@ namespace ledgerwick::rowsets {
 namespace {
 
 // In front of each packed value.
-enum class Mark : char { Null, Int8, Int16, Int32, Int64, Real, Text };
+enum class Mark : char { Null, Int8, Int16, Int32, Int64, Real, Money, Text };
 
 template <class Value>
 void put(std::string& packed, Value value) {
@@ -46,6 +46,8 @@ Cell takeCell(const char*& at) {
             return Cell::ofWhole(take<std::int64_t>(at));
         case Mark::Real:
             return Cell::ofReal(take<double>(at));
+        case Mark::Money:
+            return Cell::ofMoney(take<std::int64_t>(at));
         case Mark::Text: {
             const auto size = take<std::uint32_t>(at);
             const std::string_view text(at, size);
@@ -100,6 +102,10 @@ void RowStore::pack(const Cell& cell) {
         case Cell::Storage::Real:
             put(packed_, Mark::Real);
             put(packed_, cell.real);
+            break;
+        case Cell::Storage::Money:
+            put(packed_, Mark::Money);
+            put(packed_, cell.whole);
             break;
         case Cell::Storage::Text:
             put(packed_, Mark::Text);

@@ -48,6 +48,9 @@ void bind(sqlite3_stmt* statement, int parameter, const Cell& cell, bool copyTex
         case Cell::Storage::Real:
             sqlite3_bind_double(statement, parameter, cell.real);
             break;
+        case Cell::Storage::Money:
+            sqlite3_bind_double(statement, parameter, Currency::fromTicks(cell.whole).toDouble());
+            break;
         case Cell::Storage::Text:
             sqlite3_bind_text64(statement, parameter, cell.text.data() ? cell.text.data() : "",
                                 cell.text.size(), copyText ? SQLITE_TRANSIENT : SQLITE_STATIC,

@@ -24,6 +24,7 @@ struct StoreLibrary {
 // A store has a row here to be found without being linked.
 constexpr std::array storeLibraries{
     StoreLibrary{"", "libledgerwick_sqlite.so." LEDGERWICK_SOVERSION},
+    StoreLibrary{"postgresql", "libledgerwick_postgres.so." LEDGERWICK_SOVERSION},
 };
 
 std::filesystem::path kitFolder() {

@@ -29,6 +29,8 @@ constexpr Description descriptions[] = {
     {error_number::readOnly, "Read only"},
     {error_number::statementError, "Error in statement"},
     {error_number::databaseError, "Database error"},
+    {error_number::connectionLost, "Connection to the database lost"},
+    {error_number::writerBusy, "Somebody else is writing, try again"},
     {error_number::noSuchItem, "No such item"},
     {error_number::objectClosed, "Object is closed"},
 };

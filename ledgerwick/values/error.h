@@ -56,8 +56,10 @@ inline constexpr std::int32_t noCurrentRecord = 3021;    // the set stands on no
 inline constexpr std::int32_t readOnly = 3027;           // the set cannot be written
 inline constexpr std::int32_t statementError = 3075;     // a statement that cannot be understood
 inline constexpr std::int32_t databaseError = 3146;      // the database refused
-inline constexpr std::int32_t noSuchItem = 3265;         // no field or item of that name
-inline constexpr std::int32_t objectClosed = 3420;       // the set or table is not open
+inline constexpr std::int32_t connectionLost = 3151;     // the database cannot be reached
+inline constexpr std::int32_t writerBusy = 3218;    // another connection has the right to write
+inline constexpr std::int32_t noSuchItem = 3265;    // no field or item of that name
+inline constexpr std::int32_t objectClosed = 3420;  // the set or table is not open
 }  // namespace error_number
 
 // Throws the Error with that number. The description is the number's own text, followed by
