@@ -523,7 +523,7 @@ class Session:
 
         >>> company.set_today(date(2016, 4, 30))
         >>> company.end_employment(1, date(2016, 4, 30))
-        >>> company.employee(1).end
+        >>> company.employments(1)[-1].end
         datetime.date(2016, 4, 30)
         """
         self._call("employment_end", naid, date_out(last_day))
@@ -693,7 +693,7 @@ class Session:
 
         >>> run = company.open_run(date(2016, 4, 8))
         >>> run.column("name"), run.unchecked
-        (['Ms Zoë Archer', 'Mr John Smith'], False)
+        (['Mr John Smith', 'Ms Zoë Archer'], False)
         """
         arguments = (date_out(pay_date), frequency, group, naid)
         handle, unchecked = self._call("run_open", *arguments)
@@ -709,7 +709,7 @@ class Session:
 
         >>> run = company.open_run(date(2016, 4, 8))
         >>> company.run_rows(date(2016, 4, 8)).column("pay")
-        [Decimal('0.00'), Decimal('0.00')]
+        [Decimal('412.50'), Decimal('388.00')]
         """
         return self._table(OpenRow, "run_rows", date_out(pay_date), frequency, group, naid)
 
