@@ -26,7 +26,7 @@ inline constexpr char literalMark = '?';
 class LEDGERWICK_HOSTKIT_API LiftedStatement {
   public:
     // Texts in single quotes, numbers, dates between # and the words True and False are lifted.
-    // All but texts stay behind ORDER BY and GROUP BY, where a number is the place of a column, and
+    // All but texts stay after ORDER BY and GROUP BY, where a number is the place of a column, and
     // in a statement with more than a thousand literals. A statement that is no query and changes
     // no rows keeps its texts too. What stays is written as SQLite writes it.
     // Errors: 3075 for a literal without an end, or one that is no date, and for a character that
@@ -68,7 +68,7 @@ class LEDGERWICK_HOSTKIT_API LiftedStatement {
     bool query_ = true;
     bool lifting_ = true;
     bool keepBooleans_ = false;
-    bool sorting_ = false;  // behind ORDER BY or GROUP BY
+    bool sorting_ = false;  // after ORDER BY or GROUP BY
 };
 
 // One word, name, mark, literal or symbol of a statement.

@@ -115,7 +115,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   private:
     struct Literals {
         Parameters parameters;
-        std::vector<std::string> texts;  // to tell them apart
+        std::vector<std::string> texts;  // distinguishes them
     };
 
     QueryRef find(RecordsetType type, FieldList reads);

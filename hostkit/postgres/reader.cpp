@@ -84,7 +84,7 @@ void Reader::drawRest() {
     stand(at_);
 }
 
-// Goes to a row, or behind the last one.
+// Goes to a row, or after the last one.
 void Reader::stand(std::int64_t row) {
     at_ = row;
     cells_ = nullptr;

@@ -2,7 +2,7 @@
 //
 // The first rows are in memory from the start, and most sets end with them. The rows of a larger set
 // come from the server as they are asked for; the row before the current one is kept. When something
-// else needs the wire, what is left of them comes into memory. Further back than one row, and behind
+// else needs the wire, what is left of them comes into memory. Further back than one row, and after
 // the first rows, such a set is asked for again.
 #pragma once
 

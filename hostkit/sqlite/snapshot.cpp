@@ -56,7 +56,7 @@ void SnapshotReader::standOnStatement() {
     values_ = onStatement_ ? statement_->row() : nullptr;
 }
 
-// Goes to a row in memory, or behind the last one.
+// Goes to a row in memory, or after the last one.
 void SnapshotReader::stand(std::int64_t row) {
     reached_ = row;
     const auto place = static_cast<std::size_t>(row);

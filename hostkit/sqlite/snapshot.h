@@ -90,7 +90,7 @@ class SnapshotReader final : public rowsets::TypedReads<SnapshotReader>, private
     StatementLease statement_;  // null when closed
 
     // While the rows come out of the database: the row that the statement has reached, and whether
-    // it is behind the last one. The current row is that one, or the kept one in front of it.
+    // it is after the last one. The current row is that one, or the kept one in front of it.
     // With all rows in memory: the current row.
     std::int64_t reached_ = 0;
     bool ended_ = false;
