@@ -121,6 +121,7 @@ int runCommandLine(std::vector<std::string> arguments, std::ostream& out, std::o
     addEmploymentCommands(app, context);
     addAutoEnrolCommands(app, context);
     addAuditCommand(app, context);
+    addStatementsCommand(app, context);
     addDemoCommand(app, context);
     addDescribeCommand(app, context);
     std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the end

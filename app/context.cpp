@@ -4,6 +4,7 @@
 #include <ctime>
 #include <iostream>
 
+#include "hostkit/audit/explain.h"
 #include "hostkit/office/company.h"
 #include "hostkit/services/terminal_label.h"
 #include "hostkit/store/open.h"
@@ -26,7 +27,9 @@ Date Context::today() const {
 
 std::shared_ptr<store::CompanyStore> openFile(const Context& context, const std::string& path) {
     if (!store::exists(path)) throw Refusal("there is no database " + path);
-    return store::open(path, {.durability = context.durability});
+    auto database = store::open(path, {.durability = context.durability});
+    requireCompany(*database);
+    return database;
 }
 
 std::unique_ptr<HostSession> sessionOn(const Context& context, std::shared_ptr<Database> database,
@@ -47,14 +50,14 @@ std::unique_ptr<HostSession> openCompany(const Context& context, const std::stri
 std::unique_ptr<HostSession> openCompanyOfNewcomers(const Context& context,
                                                     const std::string& path) {
     auto session = sessionOn(context, openFile(context, path));
-    office::loadEmployed(*session, std::make_shared<TerminalLabel>());
+    audit::explaining([&] { office::loadEmployed(*session, std::make_shared<TerminalLabel>()); });
     return session;
 }
 
 std::unique_ptr<HostSession> loadCompany(const Context& context, std::shared_ptr<Database> database,
                                          const std::string& programPath) {
     auto session = sessionOn(context, std::move(database), programPath);
-    session->list().LoadEmployees(std::make_shared<TerminalLabel>());
+    audit::explaining([&] { session->list().LoadEmployees(std::make_shared<TerminalLabel>()); });
     return session;
 }
 

@@ -4,6 +4,7 @@
 #include <exception>
 #include <new>
 
+#include "hostkit/audit/explain.h"
 #include "ledgerwick/calendar/frequency.h"
 #include "ledgerwick/values/utf8.h"
 
@@ -21,9 +22,7 @@ void copyText(char (&place)[Size], std::string_view text) noexcept {
 // A database adds the statement at which it failed, which is nothing for people.
 std::string_view withoutStatement(const Error& failure) {
     const std::string_view text = failure.Description();
-    const bool hasOne = failure.Number() == error_number::databaseError ||
-                        failure.Number() == error_number::statementError;
-    return hasOne ? text.substr(0, text.find(" in: ")) : text;
+    return failure.Source() == "Database" ? text.substr(0, text.find(" in: ")) : text;
 }
 
 std::int32_t tell(ledgerwick_error* error, std::int32_t number, std::string_view source,
@@ -55,8 +54,9 @@ std::int32_t failed(ledgerwick_error* error) noexcept {
         throw;
     } catch (const Error& failure) {
         try {
-            return tell(error, failure.Number(), soundUtf8(failure.Source()),
-                        soundUtf8(withoutStatement(failure)));
+            const Error told = audit::explained(failure);
+            return tell(error, told.Number(), soundUtf8(told.Source()),
+                        soundUtf8(withoutStatement(told)));
         } catch (...) {
             return tell(error, failure.Number(), {}, {});
         }

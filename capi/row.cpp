@@ -5,6 +5,7 @@
 #include "capi/columns.h"
 #include "capi/session.h"
 #include "hostkit/store/company_recordset.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::c {
@@ -102,6 +103,11 @@ class Row : public Held {
     std::int64_t store() {
         mark();
         Session& session = sessionIn(session_);
+        const FieldName* person = personFieldOf(table_.name);
+        if (person && !row_->IsNull(*person) && row_->GetInt32(*person) == 0) {
+            raise(LEDGERWICK_INVALID_CALL, here,
+                  std::string(person->text()) + " is 0, which is nobody's number");
+        }
         row_->Update();
         if (table_.name == "PRYearEnds") session.host().state().ReloadYearEnds();
         if (isNew_) row_->Bookmark(row_->LastModified());

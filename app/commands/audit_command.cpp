@@ -5,6 +5,7 @@
 #include "app/commands/commands.h"
 #include "app/options.h"
 #include "hostkit/audit/audit.h"
+#include "hostkit/audit/removal.h"
 
 namespace ledgerwick::app {
 
@@ -74,12 +75,29 @@ void runAudit(Context& context, const std::string& path) {
 }  // namespace
 
 void addAuditCommand(CLI::App& app, Context& context) {
-    const auto database = std::make_shared<std::string>();
+    struct Options {
+        std::string database;
+        std::vector<std::string> removed;  // a table and a key
+    };
+    const auto options = std::make_shared<Options>();
     auto* command = app.add_subcommand(
         "audit", "Tell every fault of a company's database; exit code 5 when there is one");
-    addDatabase(*command, *database);
-    command->callback([&context, database] {
-        context.action = [&context, database] { runAudit(context, *database); };
+    addDatabase(*command, options->database);
+    command
+        ->add_option(
+            "--remove", options->removed,
+            "First take a row away, by its table and key; refused where something rests on it")
+        ->type_name("TABLE KEY")
+        ->expected(2);
+    command->callback([&context, options] {
+        context.action = [&context, options] {
+            if (!options->removed.empty()) {
+                const auto database = openFile(context, options->database);
+                audit::removeRow(*database, options->removed[0],
+                                 Variant(options->removed[1]).toInt32("--remove"));
+            }
+            runAudit(context, options->database);
+        };
     });
 }
 

@@ -18,6 +18,7 @@ void addRunCommands(CLI::App& app, Context& context);         // run open, show,
 void addEmploymentCommands(CLI::App& app, Context& context);  // employment add, next
 void addAutoEnrolCommands(CLI::App& app, Context& context);   // ae ...
 void addAuditCommand(CLI::App& app, Context& context);        // audit
+void addStatementsCommand(CLI::App& app, Context& context);   // statements
 void addDemoCommand(CLI::App& app, Context& context);         // demo
 void addDescribeCommand(CLI::App& app, Context& context);     // describe, not shown in the help
 

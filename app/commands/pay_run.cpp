@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "app/context.h"
+#include "hostkit/audit/explain.h"
 
 namespace ledgerwick::app {
 
@@ -31,7 +32,8 @@ Report whatIsDue(HostSession& session, Date upTo) {
 }
 
 Report openStep(HostSession& session, const Selection& selection) {
-    const office::OpenedRun run = office::openRun(session, selection);
+    const office::OpenedRun run =
+        audit::explaining([&] { return office::openRun(session, selection); });
     Report report;
     if (run.periods.empty()) {
         std::string sentence = "Nothing is due up to " + selection.payDate.toIso() + ".";
@@ -69,7 +71,7 @@ Report showStep(HostSession& session, const Selection& selection) {
 
 Report closeStep(HostSession& session, const Selection& selection) {
     office::markCalculated(session, selection);
-    const auto closed = office::closeRun(session, selection);
+    const auto closed = audit::explaining([&] { return office::closeRun(session, selection); });
     std::int64_t count = 0;
     for (const office::ClosedEmployee& each : closed) count += each.rows;
     Report report;
@@ -84,7 +86,7 @@ Report closeStep(HostSession& session, const Selection& selection) {
 }
 
 Report fillGaps(HostSession& session) {
-    const auto filled = office::fillMissing(session);
+    const auto filled = audit::explaining([&] { return office::fillMissing(session); });
     Report report;
     report.say(counted(static_cast<std::int64_t>(filled.size()), "skipped period") + " filled");
     Table& table = report.table(

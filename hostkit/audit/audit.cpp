@@ -5,10 +5,12 @@
 #include <memory>
 #include <utility>
 
+#include "hostkit/audit/dry_run.h"
 #include "hostkit/audit/findings.h"
 #include "ledgerwick/employee/load_queries.h"
 #include "ledgerwick/employee/load_steps.h"
 #include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/payrun/pay_record.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/text.h"
 
@@ -187,12 +189,35 @@ class EmployeeRows {
 
 // ---- what stands beside them --------------------------------------------------------------------
 
-void auditSettings(CPayrollFunctions& payroll, Findings& findings) {
+bool hasControlRecord() {
+    return DLLGlobal::g().g_rsPRControl().RecordCount() != 0;
+}
+
+// Returns whether they fit together, so that a run can be tried.
+bool auditSettings(CPayrollFunctions& payroll, Findings& findings) {
+    const std::int32_t controls = DLLGlobal::g().g_rsPRControl().RecordCount();
+    if (controls == 0) {
+        findings.add("settings", {"PRControl", ""}, "there is no control record",
+                     error_number::noCurrentRecord);
+        return false;
+    }
+    if (controls > 1) {
+        findings.add("second-control", {"PRControl", ""},
+                     "there are " + std::to_string(controls) +
+                         " control records; the library reads the first");
+    }
     try {
         payroll.C_DateOfWeekNo(1);
     } catch (const Error& error) {
-        findings.add("settings", {"PRControl", ""}, error.what(), error.Number());
+        const std::int32_t year = numberIn(DLLGlobal::g().g_rsPRControl(), field::PRCFCurrentYear);
+        const bool noYearEnd = error.Number() == error_number::noSuchItem;
+        findings.add("settings", {"PRControl", ""},
+                     noYearEnd ? "there is no year end of payroll year " + std::to_string(year - 1)
+                               : std::string(error.what()),
+                     error.Number());
+        return false;
     }
+    return true;
 }
 
 void auditFlags(CEmployeeList& list, Findings& findings) {
@@ -201,6 +226,7 @@ void auditFlags(CEmployeeList& list, Findings& findings) {
             employee->UpdateFlags();
         } catch (const Error& error) {
             const bool frequency = error.Number() == 9909 || error.Number() == 9910;
+            employee->Active(false);  // no opening is tried
             findings.add(
                 frequency ? "frequency" : "fault",
                 {"PREmployeeDetails", std::to_string(employee->NAID()), employee->NAID(),
@@ -242,23 +268,72 @@ void auditStrayEmployments(Findings& findings) {
     rows->Close();
 }
 
-void auditImport(Findings& findings) {
+void auditImport(CEmployeeList& list, Findings& findings) {
     if (!DLLGlobal::DAO_ADO().TempTableExists("PRPayImport")) return;
-    const auto rows = DLLGlobal::g().DBDll().OpenRecordset(
-        R"(SELECT PRPINAID
-           FROM PRPayImport
-             LEFT JOIN PREmployeeDetails
-               ON PREmployeeDetails.PRENAID = PRPayImport.PRPINAID
-           WHERE PRENAID IS NULL)",
-        RecordsetType::Snapshot);
+    const RecordsetRef rows = load::openPayImport();
     for (; !rows->Eof(); rows->MoveNext()) {
-        const bool isNull = rows->IsNull(field::PRPINAID);
-        const std::string naid = textIn(*rows, field::PRPINAID);
-        findings.add("import-of-nobody", {"PRPayImport", naid},
-                     "there is no employee " + naid + "; a run cannot be opened",
-                     isNull ? error_number::invalidUseOfNull : error_number::objectNotSet);
+        const std::int32_t naid = numberIn(*rows, field::PRPINAID);
+        if (naid != 0 && findings.isPassedOver(naid)) continue;
+        const Place place{"PRPayImport", textIn(*rows, field::PRPINAID), naid};
+        try {
+            load::takePayImport(list, *rows);
+        } catch (const Error& error) {
+            const bool ofNobody = error.Number() == error_number::objectNotSet ||
+                                  equalsIgnoringCase(error.Source(), field::PRPINAID.text());
+            findings.add(
+                ofNobody ? "import-of-nobody" : kindOf(error.Number()), place,
+                (ofNobody ? "there is no employee " + place.key : std::string(error.what())) +
+                    "; a run cannot be opened",
+                error.Number());
+        }
     }
     rows->Close();
+}
+
+void auditOrders(CEmployeeList& list, Findings& findings) {
+    const RecordsetRef rows = load::openOrderLines();
+    for (; !rows->Eof(); rows->MoveNext()) {
+        try {
+            load::takeOrderLine(list, *rows);
+        } catch (const Error& error) {
+            const bool ofItem =
+                isIn(error.Source(), {field::Qty, field::DSDesc, field::UoPCode, field::NetPrice});
+            findings.add(ofItem ? "order-without-item" : kindOf(error.Number()),
+                         {"Orders", textIn(*rows, field::OrdID), numberIn(*rows, field::OrdNAID)},
+                         std::string(error.what()) + "; a run cannot be opened", error.Number());
+        }
+    }
+    rows->Close();
+}
+
+// Opens each employee's next periods on a database that writes nothing: those that have a row, and
+// one that gets a new one.
+void auditOpening(CEmployeeList& list, CPayrollFunctions& payroll, Findings& findings) {
+    const DryRun dryRun;
+    for (const auto& employee : list.Employees()) {
+        if (!employee->Active() || employee->Casual()) continue;
+        Date due = employee->CurEmployment()->NExpPayDate();
+        if (!due.isSet()) continue;  // nobody has started the employee's history
+        try {
+            const auto frequency = static_cast<PR_Pay_Freq>(employee->PayFrequency());
+            for (std::int32_t left = findings.openRowsOf(employee->NAID()); left > 0; --left) {
+                due = payroll.C_Calc_Next_NExpDate(due, frequency, PR_NExp_Pay);
+            }
+            payrun::openPeriods(payroll, employee->NAID(), due);
+        } catch (const Error& error) {
+            const ErrorRow& row = error.Row();
+            Place place{"PREmployeeDetails", std::to_string(employee->NAID()), employee->NAID(),
+                        employee->Name()};
+            // A row that is only being made has no key, and what is wrong comes from the employee.
+            if (row.table == "PRPay" && row.key > 0) {
+                place.table = row.table;
+                place.key = std::to_string(row.key);
+            }
+            findings.add(kindOf(error.Number()), std::move(place),
+                         std::string(error.what()) + ", when the next period is opened",
+                         error.Number());
+        }
+    }
 }
 
 }  // namespace
@@ -317,14 +392,17 @@ std::vector<Finding> auditCompany(CEmployeeList& list, CPayrollFunctions& payrol
         }
     };
     list.Clear();
-    look([&] { auditSettings(payroll, findings); });
-    if (look([&] { EmployeeRows(list, findings).run(); })) {
+    bool canOpen = false;
+    look([&] { canOpen = auditSettings(payroll, findings); });
+    if (hasControlRecord() && look([&] { EmployeeRows(list, findings).run(); })) {
         look([&] { auditPayRows(list, findings); });
         look([&] { auditFlags(list, findings); });
         look([&] { auditNumbers(list, findings); });
+        look([&] { auditImport(list, findings); });
+        look([&] { auditOrders(list, findings); });
+        if (canOpen) look([&] { auditOpening(list, payroll, findings); });
     }
     look([&] { auditStrayEmployments(findings); });
-    look([&] { auditImport(findings); });
     list.Clear();
     return findings.takeAll();
 }

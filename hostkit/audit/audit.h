@@ -4,7 +4,8 @@
 //   for (const auto& finding : audit::auditCompany(session.list(), session.payroll())) show(finding);
 //
 // A fault of the store stops `LoadEmployees` with an error and leaves the list as far as it came. An
-// audit goes on behind it, and also tells what no error tells: gaps, periods paid twice, rows that
+// audit goes on behind it, tries the opening of each employee's next period without writing it,
+// and also tells what no error tells: gaps, periods paid twice, rows that
 // no closing will find.
 #pragma once
 

@@ -1,6 +1,7 @@
 // What an audit has found so far, and the trying of one step of a load.
 #pragma once
 
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -67,6 +68,13 @@ class Findings {
     // Whether `passOver` was called for the employee.
     bool isPassedOver(std::int32_t naid) const { return passedOver_.contains(naid); }
 
+    // Counts an open row of the current year.
+    void noteOpenRow(std::int32_t naid) { ++openRows_[naid]; }
+    std::int32_t openRowsOf(std::int32_t naid) const {
+        const auto found = openRows_.find(naid);
+        return found == openRows_.end() ? 0 : found->second;
+    }
+
     // Everything found so far, which is forgotten here.
     std::vector<Finding> takeAll();
 
@@ -77,6 +85,7 @@ class Findings {
 
     std::vector<Finding> found_;
     std::set<std::int32_t> passedOver_;
+    std::map<std::int32_t, std::int32_t> openRows_;
 };
 
 // Looks through the pay rows of the loaded employees and hands them to their employments.

@@ -17,7 +17,12 @@ namespace ledgerwick::audit {
 
 namespace {
 
-constexpr std::int32_t lastWeek = 53;
+// The last week that a year's rows of a period can have: an opening counts on from the week paid
+// last, so that fortnights reach week 54 and four weeks week 56.
+std::int32_t lastWeekOf(std::int32_t period) {
+    constexpr std::int32_t wholeWeeks = 52;
+    return wholeWeeks + (period == 2 || period == 4 ? period : 1);
+}
 
 // What is held of a row until the next one of the employment was looked at.
 struct PayRow {
@@ -151,7 +156,7 @@ class PayRows {
         const std::int32_t year = numberIn(row, field::PRPPayrollYear);
         const Date payDate = dateIn(row, field::PRPPayDate);
         const std::int32_t firstWeek = now.period == 0 ? 0 : 1;
-        if (now.week < firstWeek || now.week > lastWeek) {
+        if (now.week < firstWeek || now.week > lastWeekOf(now.period)) {
             findings_.add("week", place(row), "PRPWeekNo is " + std::to_string(now.week));
         }
         if (year < 1 || year > currentYear_) {
@@ -166,6 +171,7 @@ class PayRows {
                           now.period == 0 ? "an open row without a period"
                                           : "an open row without a pay date");
         }
+        if (!now.closed && year == currentYear_) findings_.noteOpenRow(naid_);
         const bool isOfRun = year == currentYear_ && now.calculation > 0 && payDate.isSet() &&
                              !row.IsNull(field::PRPPeriodUpdated);
         if (isOfRun) {

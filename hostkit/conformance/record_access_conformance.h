@@ -20,6 +20,7 @@
 #include <utility>
 #include <vector>
 
+#include "hostkit/conformance/statements.h"
 #include "ledgerwick/records/record_access.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
@@ -40,6 +41,29 @@ Error errorOf(Operation&& operation) {
 template <class Operation>
 std::int32_t raisedBy(Operation&& operation) {
     return errorOf(operation).Number();
+}
+
+// "7 Null; 8 1": the fields of all rows, read by their types.
+inline std::string shownRows(Recordset& rows, const std::vector<Shown>& fields) {
+    std::string text;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        if (!text.empty()) text += "; ";
+        for (const Shown& shown : fields) {
+            if (&shown != &fields.front()) text += ' ';
+            if (rows.IsNull(shown.field)) {
+                text += "Null";
+            } else if (shown.as == 'd') {
+                text += rows.GetDate(shown.field).toIso();
+            } else if (shown.as == 't') {
+                text += rows.GetText(shown.field);
+            } else if (shown.as == 'n') {
+                text += Variant(rows.GetDouble(shown.field)).toText();
+            } else {
+                text += std::to_string(rows.GetInt32(shown.field));
+            }
+        }
+    }
+    return text;
 }
 
 template <class Layer>
@@ -65,6 +89,13 @@ class RecordAccess : public testing::Test {
         std::vector<std::int32_t> found;
         for (; !rows.Eof(); rows.MoveNext()) found.push_back(rows.GetInt32(field::NAID));
         return found;
+    }
+
+    void emptyTables() {
+        for (const char* table : {"Customers", "PREmployeeDetails", "PREmployments", "PRPay",
+                                  "PensionSchemes", "Orders", "Deadstock", "UoM"}) {
+            run(std::string("DELETE FROM ") + table);
+        }
     }
 
     static constexpr const char* allCustomers = "SELECT * FROM Customers ORDER BY NAID";
@@ -319,6 +350,151 @@ TYPED_TEST_P(RecordAccess, WhatABatchWroteStaysWhenItFails) {
     EXPECT_EQ(this->ids(*this->snapshot(this->allCustomers)).size(), 2U);
 }
 
+// Every statement that the library sends, on a small company of three pay rows.
+TYPED_TEST_P(RecordAccess, RunsEveryStatementOfTheLibrary) {
+    for (const std::string_view row : smallCompany()) this->run(row);
+    for (const Statement& each : statements()) {
+        SCOPED_TRACE(std::string(each.operation) + ": " + std::string(each.sql));
+        if (!each.table.empty() && !this->db().TableExists(each.table)) {
+            EXPECT_EQ(raisedBy([&] { this->snapshot(each.sql); }), error_number::noSuchTable);
+            continue;
+        }
+        std::vector<FieldName> reads;
+        for (const Shown& shown : each.shown) reads.push_back(shown.field);
+        if (each.sent != Sent::Execute) {
+            const bool editable = each.sent == Sent::Dynaset;
+            EXPECT_EQ(shownRows(*(editable ? this->dynaset(each.sql, reads)
+                                           : this->snapshot(each.sql, reads)),
+                                each.shown),
+                      each.expected);
+            const auto query = this->db().CreateQueryDef("", each.sql);
+            const auto rows = query->OpenRecordset(
+                editable ? RecordsetType::Dynaset : RecordsetType::Snapshot, reads);
+            EXPECT_EQ(shownRows(*rows, each.shown), each.expected) << "by a query";
+            continue;
+        }
+        // What it changes is taken back, so that the next statement finds the company as it was.
+        this->run(each.sql);
+        EXPECT_EQ(shownRows(*this->snapshot(each.check), each.shown), each.expected);
+        this->emptyTables();
+        for (const std::string_view row : smallCompany()) this->run(row);
+    }
+}
+
+TYPED_TEST_P(RecordAccess, AnUpdatableSetWritesWithoutItsKeyAndReadsOverAJoin) {
+    for (const std::string_view row : smallCompany()) this->run(row);
+    const auto rows = this->dynaset(
+        "SELECT PRPPeriodUpdated, PRPNExpPayDate FROM PRPay WHERE PRPPeriodUpdated = FALSE "
+        "ORDER BY PRPNAID, PRPID");
+    ASSERT_EQ(rows->RecordCount(), 2) << "exact before the last row was seen";
+    for (; !rows->Eof(); rows->MoveNext()) {
+        rows->Edit();
+        rows->Value(field::PRPPeriodUpdated, true);
+        if (rows->AbsolutePosition() == rows->RecordCount() - 1) {
+            rows->Value(field::PRPNExpPayDate, Date::fromYmd(2016, 5, 28));
+        }
+        rows->Update();
+    }
+    EXPECT_EQ(
+        shownRows(
+            *this->snapshot("SELECT PRPID, PRPPeriodUpdated, PRPNExpPayDate FROM PRPay "
+                            "WHERE PRPID > 1 ORDER BY PRPID"),
+            {{field::PRPID, 'i'}, {field::PRPPeriodUpdated, 'i'}, {field::PRPNExpPayDate, 'd'}}),
+        "2 -1 2016-04-26; 3 -1 2016-05-28");
+
+    const auto joined = this->dynaset(
+        "SELECT OrdID, DSDesc FROM Orders LEFT JOIN Deadstock ON OrdDSID = DSIDNo ORDER BY OrdID");
+    EXPECT_EQ(joined->RecordCount(), 3);
+    joined->MoveLast();
+    joined->MovePrevious();
+    EXPECT_EQ(joined->GetInt32(field::OrdID), 2);
+    EXPECT_EQ(joined->GetText(field::DSDesc), "Apples");
+}
+
+TYPED_TEST_P(RecordAccess, SortsNullFirstAndTextsWithoutRegardToCase) {
+    for (const char* values :
+         {"1, 'banana'", "2, Null", "3, 'Apple'", "4, ''", "5, 'apple pie'", "6, 'APPLE'"}) {
+        this->run("INSERT INTO Customers (NAID, NABusName) VALUES (" + std::string(values) + ")");
+    }
+    EXPECT_EQ(this->ids(*this->snapshot("SELECT * FROM Customers ORDER BY NABusName, NAID")),
+              (std::vector<std::int32_t>{2, 4, 3, 6, 5, 1}));
+    EXPECT_EQ(this->ids(*this->snapshot(
+                  "select [NAID] from [customers] where [nabusname] = 'aPPle' order by [Naid]")),
+              (std::vector<std::int32_t>{3, 6}));
+    this->run("INSERT INTO PREmployments (PRTID, PRTNAID, PRTPayrollYear) VALUES (1, Null, 17)");
+    this->run("INSERT INTO PREmployments (PRTID, PRTNAID, PRTPayrollYear) VALUES (2, -1, 17)");
+    const auto rows = this->snapshot("SELECT PRTID FROM PREmployments ORDER BY PRTNAID");
+    EXPECT_EQ(rows->GetInt32(field::PRTID), 1);
+}
+
+// The probe of a temporary table may not end or spoil the batch that it is asked in.
+TYPED_TEST_P(RecordAccess, TellsOfAMissingTableInsideAndOutsideABatch) {
+    const auto probe = [&] {
+        EXPECT_TRUE(this->db().TableExists("PRPay"));
+        EXPECT_TRUE(this->db().TableExists("prpay"));
+        EXPECT_FALSE(this->db().TableExists("NoSuchTable"));
+        EXPECT_FALSE(this->db().TableExists("PRPay] WHERE [x"));
+        EXPECT_TRUE(this->db().Database::TableExists("PRPay")) << "by the default";
+        EXPECT_FALSE(this->db().Database::TableExists("NoSuchTable")) << "by the default";
+        EXPECT_EQ(raisedBy([&] { this->run("DELETE FROM NoSuchTable"); }),
+                  error_number::noSuchTable);
+    };
+    probe();
+    inOneBatch(this->db(), [&] {
+        this->addCustomers(1);
+        probe();
+        inOneBatch(this->db(), [&] { this->run("UPDATE Customers SET NASeq = 'X'"); });
+        probe();
+    });
+    EXPECT_EQ(this->snapshot(this->allCustomers)->GetText(field::NASeq), "X");
+}
+
+TYPED_TEST_P(RecordAccess, ARowOfDefaultsHoldsNoNull) {
+    struct {
+        const char* sql;
+        std::vector<FieldName> fields;
+    } const tables[]{
+        {"SELECT * FROM PRPAY WHERE PRPID = -1",
+         {field::PRPNAID, field::PRPWeekNo, field::PRPPaymentPeriod, field::PRPPayDate,
+          field::PRPRTIPayDate, field::PRPEPEDate, field::PRPNExpPayDate, field::PRPNExpEPEDate,
+          field::PRPPeriodUpdated, field::PRPHasBeenVisited, field::PRPCalculationUsed,
+          field::PRPStatus, field::PRPAEStatus, field::PRPMaternityHighWeeks, field::PRPASPPDays,
+          field::PRPStudentLoan, field::PRPPostgradLoan, field::PRPPeriodPay, field::PRPTaxCode}},
+        {"SELECT * FROM PREmployments WHERE PRTID = -1",
+         {field::PRTNAID, field::PRTPayrollYear, field::PRTPYEmployCount, field::PRTStartDate,
+          field::PRTEndDateLong, field::PRTType, field::PRTContinuation, field::PRTAEStatus}},
+    };
+    for (const auto& table : tables) {
+        const auto rs = this->dynaset(table.sql);
+        rs->AddNew();
+        rs->Update();
+        rs->Bookmark(rs->LastModified());
+        for (const FieldName& name : table.fields) {
+            EXPECT_FALSE(rs->IsNull(name)) << name.text();
+        }
+    }
+    const std::array<bool, 2> ways{false, true};
+    for (const bool byDefault : ways) {
+        const auto rs = this->dynaset("SELECT * FROM PREmploymentsAddInfo WHERE PRTAID = -1");
+        rs->AddNew();
+        rs->Value(field::PRTAPRTID, std::int32_t{7});
+        for (const FieldName& name : {field::PRTADecDate, field::PRTAText, field::PRTADied,
+                                      field::PRTAPEmpGross, field::PRTAPEmpWeekNo}) {
+            rs->Value(name, Variant(Null));
+        }
+        byDefault ? rs->Recordset::FillEmpty() : rs->FillEmpty();
+        rs->Update();
+        rs->Bookmark(rs->LastModified());
+        EXPECT_EQ(rs->GetInt32(field::PRTAPRTID), 7);
+        EXPECT_GT(rs->GetInt32(field::PRTAID), 0) << "a key of the database's";
+        EXPECT_EQ(rs->GetDate(field::PRTADecDate), Date());
+        EXPECT_EQ(rs->GetText(field::PRTAText), "");
+        EXPECT_FALSE(rs->GetBoolean(field::PRTADied));
+        EXPECT_EQ(rs->GetCurrency(field::PRTAPEmpGross), Currency());
+        EXPECT_EQ(rs->GetInt32(field::PRTAPEmpWeekNo), 0);
+    }
+}
+
 REGISTER_TYPED_TEST_SUITE_P(RecordAccess, AnEmptySetStandsAtItsEnd, WalksBothWaysBetweenItsEnds,
                             StepsBackByOneRowAnywhere, FindsFieldsInAnyCaseAndRefusesUnknownOnes,
                             ANewRowHasWhatWasStoredAndTheDefaultsOfItsTable,
@@ -326,6 +502,10 @@ REGISTER_TYPED_TEST_SUITE_P(RecordAccess, AnEmptySetStandsAtItsEnd, WalksBothWay
                             EditChangesTheTouchedFieldsOfOneRow,
                             ANewRowStandsAtTheEndAndTheSetStaysWhereItWas, RefusesWhatASetCannotDo,
                             ASnapshotDoesNotSeeWhatIsWrittenLater, AQueryOpensAgainAndAgain,
-                            AFailingStatementIsAnErrorThatNamesIt, WhatABatchWroteStaysWhenItFails);
+                            AFailingStatementIsAnErrorThatNamesIt, WhatABatchWroteStaysWhenItFails,
+                            RunsEveryStatementOfTheLibrary,
+                            AnUpdatableSetWritesWithoutItsKeyAndReadsOverAJoin,
+                            SortsNullFirstAndTextsWithoutRegardToCase,
+                            TellsOfAMissingTableInsideAndOutsideABatch, ARowOfDefaultsHoldsNoNull);
 
 }  // namespace ledgerwick::conformance

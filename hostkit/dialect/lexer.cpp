@@ -136,8 +136,10 @@ bool readsOrChangesRows(std::string_view sql) {
                        [&](std::string_view word) { return equalsIgnoringCase(first, word); });
 }
 
-[[noreturn]] void refuse(std::string_view what, std::string_view sql) {
-    raise(error_number::statementError, "Database", std::string(what) + " in: " + std::string(sql));
+// `before` is the statement up to there, without its literals.
+[[noreturn]] void refuse(std::string_view what, std::string_view before) {
+    raise(error_number::statementError, "Database",
+          std::string(what) + " behind: " + std::string(before));
 }
 
 }  // namespace
@@ -171,8 +173,8 @@ void LiftedStatement::scan(std::string_view sql) {
         } else if (c == '[' || c == '"' || c == '`') {
             at = quotedName(sql, at, c == '[' ? ']' : c);
         } else {
-            if (c == literalMark) refuse("a question mark outside a text", sql);
-            if (isControl(c)) refuse("a control character outside a text", sql);
+            if (c == literalMark) refuse("a question mark outside a text", shape_);
+            if (isControl(c)) refuse("a control character outside a text", shape_);
             shape_ += c;
             ++at;
         }
@@ -206,7 +208,7 @@ std::size_t LiftedStatement::number(std::string_view sql, std::size_t at) {
 
 std::size_t LiftedStatement::text(std::string_view sql, std::size_t at) {
     const std::size_t end = endOfQuoted(sql, at, '\'');
-    if (end == std::string_view::npos) refuse("a text without an end", sql);
+    if (end == std::string_view::npos) refuse("a text without an end", shape_);
     if (!query_) {
         shape_ += sql.substr(at, end - at);
         return end;
@@ -222,9 +224,9 @@ std::size_t LiftedStatement::text(std::string_view sql, std::size_t at) {
 
 std::size_t LiftedStatement::date(std::string_view sql, std::size_t at) {
     const std::size_t close = sql.find('#', at + 1);
-    if (close == std::string_view::npos) refuse("a date without an end", sql);
+    if (close == std::string_view::npos) refuse("a date without an end", shape_);
     Date date;
-    if (!readDate(sql.substr(at + 1, close - at - 1), date)) refuse("a date that is none", sql);
+    if (!readDate(sql.substr(at + 1, close - at - 1), date)) refuse("a date that is none", shape_);
     const std::size_t before = literals_.size();
     add(dateCell(date));
     if (literals_.size() != before) literals_.back().isDate = true;
@@ -233,7 +235,7 @@ std::size_t LiftedStatement::date(std::string_view sql, std::size_t at) {
 
 std::size_t LiftedStatement::quotedName(std::string_view sql, std::size_t at, char close) {
     const std::size_t end = endOfQuoted(sql, at, close);
-    if (end == std::string_view::npos) refuse("a name without an end", sql);
+    if (end == std::string_view::npos) refuse("a name without an end", shape_);
     shape_ += sql.substr(at, end - at);
     return end;
 }

@@ -10,6 +10,7 @@
 #include "hostkit/exchange/tables.h"
 #include "hostkit/services/terminal_text.h"
 #include "hostkit/store/open.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::exchange {
@@ -147,6 +148,16 @@ const Variant& keyOf(const FileReading::Row& row, const FieldLayout& key) {
         ->second;
 }
 
+// Whether the row would belong to nobody: the number of its person is 0, or left out.
+bool isNobodys(const TableLayout& table, const FileReading::Row& row) {
+    const FieldName* person = personFieldOf(table.name);
+    if (!person) return false;
+    const auto found = std::find_if(row.begin(), row.end(), [person](const auto& field) {
+        return field.first->name == person->text();
+    });
+    return found == row.end() || (!found->second.isNull() && found->second.toInt32() == 0);
+}
+
 // Judges a file without storing anything.
 void judge(Database& database, const ImportFile& file, std::vector<std::string>& faults) {
     const TableLayout& table = *file.table;
@@ -159,6 +170,9 @@ void judge(Database& database, const ImportFile& file, std::vector<std::string>&
     reading.run([&](std::size_t line, const FileReading::Row& row) {
         const bool secondControl = table.name == "PRControl" && ++rows > 1;
         if (secondControl) reading.tell(line, {}, "the control record is one row");
+        if (isNobodys(table, row)) {
+            reading.tell(line, personFieldOf(table.name)->text(), "0 is nobody's number");
+        }
         if (key == nullptr) return;
         const std::string value = comparable(keyOf(row, *key));
         if (!seen.insert(value).second) {

@@ -15,14 +15,12 @@ class DataAccessFunctions final : public DataAccess {
     explicit DataAccessFunctions(OpenDatabase openDatabase) noexcept
         : openDatabase_(openDatabase) {}
 
-    // Whether there is a table of that name, temporary or kept. The kit's layer is asked; on
-    // another one a statement is tried, and its failure means that there is none.
-    // Errors: 3146, which says that the database itself failed.
+    // Whether there is a table of that name, temporary or kept.
+    // Errors: those of a database that cannot tell.
     bool TempTableExists(std::string_view name) override;
 
-    // Fills the fields of the row in edit that would be stored as Null: a text with the empty
-    // text, a number with 0, a boolean with False, a date with the zero date. Fields that hold a
-    // value, and the key, are left alone, and so is a recordset of another layer.
+    // Gives the fields of the row in edit that would be stored as Null the blank value of their kind,
+    // by `Recordset::FillEmpty` of whatever layer the set belongs to.
     void NoNullRecordLine(RecordsetRef& recordset) override;
 
   private:

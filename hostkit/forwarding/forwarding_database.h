@@ -40,6 +40,7 @@ class ForwardingRecordset : public Recordset {
     void AddNew() override { real_->AddNew(); }
     void Edit() override { real_->Edit(); }
     void Update() override { real_->Update(); }
+    void FillEmpty() override { real_->FillEmpty(); }
     ledgerwick::Bookmark LastModified() override { return real_->LastModified(); }
     ledgerwick::Bookmark Bookmark() override { return real_->Bookmark(); }
     void Bookmark(const ledgerwick::Bookmark& place) override { real_->Bookmark(place); }
@@ -80,6 +81,7 @@ class ForwardingDatabase : public Database {
     std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql) override {
         return std::make_shared<Query>(*this, real_.CreateQueryDef(name, sql), sql);
     }
+    bool TableExists(std::string_view name) override { return real_.TableExists(name); }
     void BeginBatch() override { real_.BeginBatch(); }
     void EndBatch() override { real_.EndBatch(); }
     void Announce(std::span<const std::int32_t> keys) override { real_.Announce(keys); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <utility>
 
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/text.h"
@@ -46,14 +47,19 @@ std::string optionsFor(const Target& target, const store::OpenOptions& options) 
     return text;
 }
 
-// Statements of these classes are wrong in themselves.
-bool isStatementFault(std::string_view state) {
-    return state.substr(0, 2) == "42";
-}
-
-bool isContention(std::string_view state) {
-    static constexpr std::array<std::string_view, 4> states{"55P03", "57014", "40001", "40P01"};
-    return std::find(states.begin(), states.end(), state) != states.end();
+// The numbers of failures by the beginning of the server's code; a longer one stands first.
+std::int32_t numberOf(std::string_view state) {
+    static constexpr std::pair<std::string_view, std::int32_t> numbers[]{
+        {"42P01", error_number::noSuchTable}, {"42", error_number::statementError},
+        {"55P03", error_number::writerBusy},  {"57014", error_number::writerBusy},
+        {"40001", error_number::writerBusy},  {"40P01", error_number::writerBusy},
+        {"25006", error_number::readOnly},    {"53100", error_number::diskFull},
+        {"XX001", error_number::damagedFile}, {"XX002", error_number::damagedFile},
+    };
+    for (const auto& [beginning, number] : numbers) {
+        if (state.starts_with(beginning)) return number;
+    }
+    return error_number::databaseError;
 }
 
 }  // namespace
@@ -63,13 +69,7 @@ void raiseFailure(const Failure& failure, std::string_view sql) {
     if (failure.lost) {
         raise(error_number::connectionLost, "Database", failure.words + in);
     }
-    const std::string words = failure.words + " (" + failure.state + ")" + in;
-    if (isContention(failure.state)) {
-        raise(error_number::writerBusy, "Database", words);
-    }
-    raise(isStatementFault(failure.state) ? error_number::statementError
-                                          : error_number::databaseError,
-          "Database", words);
+    raise(numberOf(failure.state), "Database", failure.words + " (" + failure.state + ")" + in);
 }
 
 // ---- parameters ---------------------------------------------------------------------------------

@@ -8,6 +8,24 @@
 
 namespace ledgerwick::rowsets {
 
+namespace {
+
+Variant blankOf(VariantKind kind) {
+    switch (kind) {
+        case VariantKind::Boolean:
+            return false;
+        case VariantKind::Date:
+            return Date();
+        case VariantKind::Text:
+        case VariantKind::Empty:
+            return "";
+        default:
+            return std::int16_t{0};
+    }
+}
+
+}  // namespace
+
 KeyedFields keyedFields(TableRef table, const std::vector<int>& columns, FieldList reads) {
     KeyedFields keyed;
     std::vector<std::string> names;
@@ -209,6 +227,16 @@ VariantKind KeyedSet::fieldKind(std::size_t field) const {
 
 bool KeyedSet::isKey(std::size_t field) const {
     return fields().tableColumn[requireField(field)] == fields().table->key;
+}
+
+void KeyedSet::FillEmpty() {
+    requireOpen();
+    if (!inEdit()) raise(error_number::updateWithoutEdit, "Recordset");
+    for (std::size_t field = 0; field < fieldCount(); ++field) {
+        if (isKey(field) || !wouldBeNull(field)) continue;
+        const TableColumn& blank = column(field);
+        Value(FieldName(blank.name), blankOf(blank.kind));
+    }
 }
 
 bool KeyedSet::wouldBeNull(std::size_t field) {

@@ -121,6 +121,7 @@ class LEDGERWICK_HOSTKIT_API KeyedSet final : public TypedReads<KeyedSet> {
     bool isKey(std::size_t field) const override;
     bool inEdit() const override { return edit_ != EditMode::None; }
     bool wouldBeNull(std::size_t field) override;
+    void FillEmpty() override;
 
     Cell cell(const FieldName& name);
     VariantKind kindOf(const FieldName& name);

@@ -9,11 +9,18 @@
 
 namespace ledgerwick {
 
+void requireCompany(Database& database) {
+    if (!database.TableExists("PRControl")) {
+        raise(error_number::notACompany, "Database", "there is no table PRControl");
+    }
+}
+
 HostSession::HostSession(const std::string& company, Date today, HostSettings settings)
     : HostSession(store::open(company), today, std::move(settings)) {}
 
 HostSession::HostSession(std::shared_ptr<Database> database, Date today, HostSettings settings)
-    : database_(std::move(database)), parameters_(std::make_shared<KitParameters>(database_)) {
+    : database_((requireCompany(*database), std::move(database))),
+      parameters_(std::make_shared<KitParameters>(database_)) {
     const std::string programPath = settings.programPath;
     state_ = std::make_shared<KitHostState>(database_, parameters_, today, std::move(settings));
     global_ = std::make_shared<KitGlobal>(programPath);

@@ -17,6 +17,10 @@
 
 namespace ledgerwick {
 
+// Refuses a database that holds no company.
+// Errors: 3343 when it has no control record's table.
+LEDGERWICK_HOSTKIT_API void requireCompany(Database& database);
+
 // Opens a database and links the library to it in the order that it asks for: the `Identify`, the
 // services, the list, the functions. Loading is left to the host, who may want a label for it.
 //

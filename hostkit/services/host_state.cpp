@@ -63,7 +63,10 @@ void KitHostState::ReloadYearEnds() {
     const auto rows = database_->OpenRecordset(
         "SELECT PRYEYear, PRYEDate FROM PRYearEnds ORDER BY PRYEYear", RecordsetType::Snapshot);
     for (; !rows->Eof(); rows->MoveNext()) {
-        yearEnds_.Item(rows->GetInt32(year), rows->GetDate(yearEnd));
+        try {
+            yearEnds_.Item(rows->GetInt32(year), rows->GetDate(yearEnd));
+        } catch (const Error&) {  // one that cannot be read is missed where it is needed
+        }
     }
     rows->Close();
 }

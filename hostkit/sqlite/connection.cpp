@@ -1,6 +1,7 @@
 #include "hostkit/sqlite/connection.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <limits>
 
 #include "hostkit/sqlite/functions.h"
@@ -21,20 +22,25 @@ sqlite3* openFile(const std::string& path, bool readOnly) {
         SQLITE_OK) {
         return database;
     }
+    const std::int32_t number = failureOf(database);
     const std::string words = sqlite3_errmsg(database);
     sqlite3_close(database);
-    raise(error_number::databaseError, "Database", words + ": " + path);
+    raise(number, "Database", words + ": " + path);
 }
 
 }  // namespace
 
 Connection::Connection(const std::string& path, const store::OpenOptions& options)
+    : Connection(path, options, !std::filesystem::exists(path)) {}
+
+Connection::Connection(const std::string& path, const store::OpenOptions& options, bool isNew)
     : path_(path),
       database_(openFile(path, options.readOnly)),
       tables_(database_),
-      durability_(options.durability) {
+      durability_(options.durability),
+      valuesInErrors_(options.valuesInErrors) {
     try {
-        configure(options);
+        configure(options, isNew);
     } catch (...) {
         cache_.clear();
         sqlite3_close_v2(database_);
@@ -47,7 +53,7 @@ Connection::~Connection() {
     sqlite3_close_v2(database_);
 }
 
-void Connection::configure(const store::OpenOptions& options) {
+void Connection::configure(const store::OpenOptions& options, bool isNew) {
     sqlite3_extended_result_codes(database_, 1);
     const auto timeout =
         std::min<std::int64_t>(options.busyTimeout.count(), std::numeric_limits<int>::max());
@@ -55,7 +61,12 @@ void Connection::configure(const store::OpenOptions& options) {
     // A misspelt name in double quotes is an error and not a text.
     sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     addFunctions(database_, arriving_);
-    if (!options.readOnly) runScript("PRAGMA journal_mode = WAL");
+    // A file that is no company's is left as it is, to the byte.
+    if (!options.readOnly && (isNew || tableExists("PRControl"))) {
+        writeAhead();
+    } else {
+        sqlite3_db_config(database_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    }
     runScript(durability_ == store::Durability::Relaxed ? "PRAGMA synchronous = NORMAL"
                                                         : "PRAGMA synchronous = FULL");
     runScript("PRAGMA cache_size = -8192");
@@ -83,6 +94,7 @@ TableSet Connection::tableBit(std::string_view table) {
 std::unique_ptr<Statement> Connection::prepare(std::string sql) {
     readsSeen_ = writesSeen_ = 0;
     auto statement = std::make_unique<Statement>(database_, std::move(sql));
+    statement->showsValues = valuesInErrors_;
     statement->reads = readsSeen_;
     statement->writes = writesSeen_;
     return statement;
@@ -242,6 +254,12 @@ void Connection::startAfresh() {
     cache_.clear();
 }
 
+void Connection::writeAhead() {
+    if (sqlite3_get_autocommit(database_) == 0) return;
+    runScript("PRAGMA journal_mode = WAL");
+    sqlite3_db_config(database_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+}
+
 bool Connection::tableExists(std::string_view name) {
     static constexpr const char* sql = R"sql(
         SELECT 1 FROM sqlite_temp_schema
@@ -257,9 +275,10 @@ bool Connection::tableExists(std::string_view name) {
 void Connection::runScript(const char* script) {
     char* words = nullptr;
     if (sqlite3_exec(database_, script, nullptr, nullptr, &words) == SQLITE_OK) return;
-    const std::string description = words ? words : sqlite3_errmsg(database_);
+    std::string description = words ? words : sqlite3_errmsg(database_);
     sqlite3_free(words);
-    raise(error_number::databaseError, "Database", description + " in: " + script);
+    if (valuesInErrors_) description.append(" in: ").append(script);
+    raise(failureOf(database_), "Database", description);
 }
 
 void Connection::beginBatchTransaction() {

@@ -30,6 +30,7 @@ class OpenReader {
 class Connection : public std::enable_shared_from_this<Connection> {
   public:
     Connection(const std::string& path, const store::OpenOptions& options);
+    Connection(const std::string& path, const store::OpenOptions& options, bool isNew);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -39,6 +40,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
     RecordsetRef open(std::string_view sql, RecordsetType type, FieldList reads);
     void execute(std::string_view sql);
     void exec(const std::string& script);
+    // Turns to write-ahead logging, unless a transaction is under way.
+    void writeAhead();
     // Looks at the database and not at what is known of it: another process may have dropped one.
     bool tableExists(std::string_view name);
     // A null pointer when there is no such table or view.
@@ -94,7 +97,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
     TableSet tableBit(std::string_view table);
     void tellReaders(TableSet written);
     void beginBatchTransaction();
-    void configure(const store::OpenOptions& options);
+    void configure(const store::OpenOptions& options, bool isNew);
     void runScript(const char* script);
     int tryWrite(Statement& statement);
     void run(const char* sql);
@@ -113,6 +116,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
     std::vector<std::string> tableNames_;      // the place gives the bit
 
     store::Durability durability_ = store::Durability::EachUpdate;
+    bool valuesInErrors_ = false;
     int batches_ = 0;
     bool batchOpen_ = false;  // a batch has begun a transaction
 };

@@ -42,6 +42,7 @@ const std::string& SqliteDatabase::name() const noexcept {
 }
 
 void SqliteDatabase::createSchema() {
+    connection_->writeAhead();
     connection_->exec(schemaSql);
 }
 

@@ -19,12 +19,15 @@ namespace ledgerwick::sqlite {
 class Connection;
 
 // An open file. For one thread; another thread opens its own. Recordsets keep the file open.
-// Errors of all members: 3075 for a statement that does not compile and 3146 for every failure of
-// the database, source "Database", with the database's words and the statement.
+// Errors of all members, source "Database", with the database's words and the statement: 3075 for a
+// statement that does not compile, 3078 for a table that is not there, 3218 while another connection
+// writes, 3027 for a file that cannot be written, 3026 for a full disk, 3049 for a damaged file, 3343
+// for a file that is no database, and 3146 for every other failure.
 class LEDGERWICK_SQLITE_API SqliteDatabase final : public store::CompanyStore {
   public:
-    // Opens a file, and makes it when it does not exist; ":memory:" is a database in memory.
-    // Errors: 3146 with the path.
+    // Opens a file, and makes it when it does not exist; ":memory:" is a database in memory. A file
+    // that holds no company is left as it is until something is written to it.
+    // Errors: those of the members, with the path.
     static std::shared_ptr<SqliteDatabase> open(const std::string& path,
                                                 const store::OpenOptions& options = {});
     ~SqliteDatabase() override;

@@ -50,7 +50,7 @@ void add(sqlite3* database, const char* name, int arguments, Function function,
     const int flags = SQLITE_UTF8 | properties;
     if (sqlite3_create_function_v2(database, name, arguments, flags, data, function, nullptr,
                                    nullptr, nullptr) != SQLITE_OK) {
-        raiseDatabaseError(database, name);
+        raiseNotCompiled(database, name);
     }
 }
 

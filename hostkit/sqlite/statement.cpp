@@ -14,12 +14,34 @@ std::string description(sqlite3* database, std::string_view sql) {
 
 }  // namespace
 
-void raiseNotCompiled(sqlite3* database, std::string_view sql) {
-    raise(error_number::statementError, "Database", description(database, sql));
+std::int32_t failureOf(sqlite3* database) noexcept {
+    constexpr int withoutDetails = 0xff;
+    switch (sqlite3_extended_errcode(database) & withoutDetails) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return error_number::writerBusy;
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+            return error_number::readOnly;
+        case SQLITE_FULL:
+            return error_number::diskFull;
+        case SQLITE_CORRUPT:
+            return error_number::damagedFile;
+        case SQLITE_NOTADB:
+            return error_number::notACompany;
+        default:
+            return error_number::databaseError;
+    }
 }
 
-void raiseDatabaseError(sqlite3* database, std::string_view sql) {
-    raise(error_number::databaseError, "Database", description(database, sql));
+void raiseNotCompiled(sqlite3* database, std::string_view sql) {
+    std::int32_t number = failureOf(database);
+    if (sqlite3_errcode(database) == SQLITE_ERROR) {
+        const std::string_view words = sqlite3_errmsg(database);
+        number = words.starts_with("no such table") ? error_number::noSuchTable
+                                                    : error_number::statementError;
+    }
+    raise(number, "Database", description(database, sql));
 }
 
 Statement::Statement(sqlite3* database, std::string sql)
@@ -63,13 +85,12 @@ int Statement::run() noexcept {
 }
 
 void Statement::fail() {
-    std::string words(sqlite3_errmsg(database_));
-    char* const withValues = sqlite3_expanded_sql(handle_);
-    words += " in: ";
-    words += withValues ? withValues : sql_.c_str();
+    const std::int32_t number = failureOf(database_);
+    char* const withValues = showsValues ? sqlite3_expanded_sql(handle_) : nullptr;
+    const std::string words = description(database_, withValues ? withValues : sql_);
     sqlite3_free(withValues);
     sqlite3_reset(handle_);
-    raise(error_number::databaseError, "Database", words);
+    raise(number, "Database", words);
 }
 
 void Statement::moveRowTo(ValueRow& row) {

@@ -18,11 +18,13 @@ namespace ledgerwick::sqlite {
 
 struct KeyedPlan;
 
-// Throws the failure that the database has told last.
-// Errors: 3075 for a statement that does not compile, else 3146, with the database's own words and
-//         the statement.
+// The number of the failure that the database has met last, by what to do about it.
+std::int32_t failureOf(sqlite3* database) noexcept;
+
+// Throws that failure, with the database's own words and the statement.
+// Errors: 3075 for a statement that does not compile, 3078 when a table of it is not there, else
+//         `failureOf`.
 [[noreturn]] void raiseNotCompiled(sqlite3* database, std::string_view sql);
-[[noreturn]] void raiseDatabaseError(sqlite3* database, std::string_view sql);
 
 // One row of a statement, each value of its column's kind.
 using ValueRow = std::vector<Variant>;
@@ -74,7 +76,7 @@ class Statement {
     }
     // Runs a statement without rows and gives the database's result code.
     int run() noexcept;
-    // Throws the failure of `run`.
+    // Throws the failure of `run`; the statement is shown with its values when the host asked so.
     [[noreturn]] void fail();
     void reset() noexcept { sqlite3_reset(handle_); }
 
@@ -98,6 +100,7 @@ class Statement {
     sqlite3_stmt* handle() const noexcept { return handle_; }
     const std::string& sql() const noexcept { return sql_; }
 
+    bool showsValues = false;  // in the text of a failure
     TableSet reads = 0;
     TableSet writes = 0;
     std::shared_ptr<KeyedPlan> plan;  // of the keys of an updatable set

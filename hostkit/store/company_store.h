@@ -32,6 +32,7 @@ struct OpenOptions {
     Durability durability = Durability::EachUpdate;  // what a power cut may take
     std::chrono::milliseconds busyTimeout{5000};     // how long a write waits for another process
     bool readOnly = false;                           // nothing is written
+    bool valuesInErrors = false;  // whether the text of a failure shows the values of a statement
 };
 
 // A field of a table.
@@ -42,8 +43,10 @@ struct FieldDescription {
 };
 
 // An open company. For one thread; another thread opens its own. Recordsets keep it open.
-// Errors of all members: 3075 for a statement that does not compile and 3146 for every failure of
-// the database, source "Database", with the database's words and the statement.
+// Errors of all members, source "Database", with the database's words and the statement: 3075 for a
+// statement that does not compile, 3078 for a table that is not there, 3218 while another connection
+// writes, 3027 for what cannot be written, 3026 for a full disk, 3049 for a damaged file, 3343 for what
+// is no company, and 3146 for every other failure.
 class LEDGERWICK_HOSTKIT_API CompanyStore : public Database {
   public:
     ~CompanyStore() override;
@@ -62,6 +65,7 @@ class LEDGERWICK_HOSTKIT_API CompanyStore : public Database {
     void createLastWeekNosTable(std::string_view pcId);
     // Whether there is a table of that name, temporary or not.
     virtual bool tableExists(std::string_view name) = 0;
+    bool TableExists(std::string_view name) final { return tableExists(name); }
     // The fields of a table in its own order; none when there is no such table.
     virtual std::vector<FieldDescription> fieldsOf(std::string_view table) = 0;
     // From now on this connection, and no other, sees in place of the table `columns` of those of

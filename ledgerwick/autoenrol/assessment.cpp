@@ -9,6 +9,7 @@
 #include "ledgerwick/employee/employee.h"
 #include "ledgerwick/employee/load_queries.h"
 #include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/checked.h"
 
@@ -166,7 +167,7 @@ void cEmployee::LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayro
     std::map<std::int32_t, Intake> intakes;  // by PRTID
     bool hasNew = false;
     const RecordsetRef rows = OpenPaymentsRS(lNAID, 0, lPayrollYear, statusFields);
-    for (; !rows->Eof(); rows->MoveNext()) {
+    const auto take = [&] {
         const std::int32_t prtid = rows->GetInt32(field::PRTID);
         auto found = intakes.find(prtid);
         if (found == intakes.end()) {
@@ -185,10 +186,11 @@ void cEmployee::LoadPayrollYearIfMissing(std::int32_t lNAID, std::int32_t lPayro
                 !used(employment, "GetAutoEnrolStatus").holdsPayments(lPayrollYear, bPeriodUpdated);
             found = intakes.emplace(prtid, Intake{employment, wanted, {}}).first;
         }
-        if (!found->second.wanted || isClosed(*rows) != bPeriodUpdated) continue;
+        if (!found->second.wanted || isClosed(*rows) != bPeriodUpdated) return;
         found->second.payments.emplace_back(rows->GetInt32(field::PRPID),
                                             readPayment(*rows, bPeriodUpdated));
-    }
+    };
+    for (; !rows->Eof(); rows->MoveNext()) onRow(*rows, "PRPay", take);
     rows->Close();
 
     for (const auto& [prtid, intake] : intakes) {

@@ -3,6 +3,7 @@
 #include "ledgerwick/employee/employee_list.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/records/schema.h"
 
 namespace ledgerwick {
@@ -37,15 +38,15 @@ Variant CPayrollFunctions::C_PenWorkplaceSchemeUpdate(std::int32_t lPSID) {
     clearVisitedMarks(database, lPSID);
 
     const RecordsetRef rows = openEmployeesOfScheme(database, lPSID);
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const std::int32_t naid = rows->GetInt32(field::PRENAID);
-        const auto employee = employeeList().GetEmployeeByNAID(naid);
+    const auto update = [&] {
+        const auto employee = employeeList().GetEmployeeByNAID(rows->GetInt32(field::PRENAID));
         if (!employee) {
             raise(error_number::objectNotSet, "C_PenWorkplaceSchemeUpdate",
-                  "employee " + std::to_string(naid) + " is not in the list");
+                  "an employee of the scheme is not in the list");
         }
         employee->UpdateWorkplacePensionDetails(*rows);
-    }
+    };
+    for (; !rows->Eof(); rows->MoveNext()) onRow(*rows, "PREmployeeDetails", update);
     rows->Close();
     return {};
 }

@@ -5,6 +5,7 @@
 #include "ledgerwick/employee/regular.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/host/payroll_functions.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/text.h"
 
@@ -90,7 +91,9 @@ ResultTable CPayrollFunctions::GetAEStatus(Date dtDateUpTo, std::int32_t lPayrol
     SchemeNames schemeNames;
     const auto addRow = [&](cEmployee& employee) {
         if (!isRegularActive(employee)) return;
-        const auto status = employee.GetAutoEnrolStatus(dtDateUpTo, lPayrollYear, bPeriodUpdated);
+        const auto status = forEmployee(employee.NAID(), [&] {
+            return employee.GetAutoEnrolStatus(dtDateUpTo, lPayrollYear, bPeriodUpdated);
+        });
         table.AddNew();
         for (const Column& column : columns) {
             if (column.value) table.Fields(column.name, column.value(employee, *status));

@@ -101,7 +101,9 @@ std::int32_t CPayrollFunctions::PR_EmploymentsAddInfo_Add(const Variant& varArrI
     try {
         return addAddInfoRow(varArrIn.array("PR_EmploymentsAddInfo_Add"));
     } catch (const Error& error) {
-        throw Error(error.Number(), source + error.Source(), error.Description());
+        Error again(error.Number(), source + error.Source(), error.Description());
+        again.Row(error.Row());
+        throw again;
     } catch (const std::exception& error) {
         throw Error(error_number::invalidCall, source, error.what());
     } catch (...) {

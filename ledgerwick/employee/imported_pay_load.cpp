@@ -4,7 +4,9 @@
 #include <string>
 
 #include "ledgerwick/employee/employee_list.h"
+#include "ledgerwick/employee/load_steps.h"
 #include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/format.h"
@@ -39,48 +41,48 @@ ORDER BY OrdNAID, OrdActionDate, UoMCode, DSDesc)";
     return replaceAll(statement, "<money format>", replaceAll(moneyFormat, "'", "''"));
 }
 
-// A later value of the same employee replaces an earlier one.
-void loadImportTable(CEmployeeList& list) {
-    const std::string moneyFormat = DLLGlobal::g().strCurFormat();
-    const auto rows = DLLGlobal::g().DBDll().OpenRecordset("SELECT * FROM PRPayImport",
-                                                           RecordsetType::Snapshot, importFields);
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const auto employee = list.GetEmployeeByNAID(rows->GetInt32(field::PRPINAID));
-        if (!employee) raise(error_number::objectNotSet, "LoadImportedPay");
-        const auto employment = employee->CurEmployment();
-        employment->HasImportedPay(true);
-        const std::string shown = Format(rows->Value(field::PRPIPay), moneyFormat);
-        employment->ImportedPayValue(readMoney(shown, moneyFormat, "LoadImportedPay"));
-    }
-    rows->Close();
-}
-
-// Lines of the same worker are next to each other. Most lines of the order book belong to nobody
-// on the payroll.
-void loadOrders(CEmployeeList& list) {
-    const auto lines = DLLGlobal::g().DBDll().OpenRecordset(
-        openOrdersStatement(DLLGlobal::g().strCurFormat()), RecordsetType::Dynaset, orderFields);
-    std::int32_t lastNAID = 0;
-    std::shared_ptr<cEmployee> employee;
-    for (; !lines->Eof(); lines->MoveNext()) {
-        const std::int32_t naid = lines->GetInt32(field::OrdNAID);
-        if (naid != lastNAID) {
-            if (!employee || employee->NAID() != naid) employee = list.GetEmployeeByNAID(naid);
-            lastNAID = naid;
-        }
-        if (employee) employee->CurEmployment()->AddImportedEarnings(*lines);
-    }
-    lines->Close();
-}
-
 }  // namespace
+
+RecordsetRef load::openPayImport() {
+    return DLLGlobal::g().DBDll().OpenRecordset("SELECT * FROM PRPayImport",
+                                                RecordsetType::Snapshot, importFields);
+}
+
+// A later value of the same employee replaces the one before.
+void load::takePayImport(CEmployeeList& list, Recordset& row) {
+    const auto employee = list.GetEmployeeByNAID(row.GetInt32(field::PRPINAID));
+    const auto employment = used(employee, "LoadImportedPay").CurEmployment();
+    employment->HasImportedPay(true);
+    const std::string moneyFormat = DLLGlobal::g().strCurFormat();
+    const std::string shown = Format(row.Value(field::PRPIPay), moneyFormat);
+    employment->ImportedPayValue(readMoney(shown, moneyFormat, "LoadImportedPay"));
+}
+
+RecordsetRef load::openOrderLines() {
+    return DLLGlobal::g().DBDll().OpenRecordset(openOrdersStatement(DLLGlobal::g().strCurFormat()),
+                                                RecordsetType::Dynaset, orderFields);
+}
+
+// Most lines of the order book belong to nobody on the payroll.
+void load::takeOrderLine(CEmployeeList& list, Recordset& row) {
+    const auto employee = list.GetEmployeeByNAID(row.GetInt32(field::OrdNAID));
+    if (employee) employee->CurEmployment()->AddImportedEarnings(row);
+}
 
 Variant CEmployeeList::LoadImportedPay() {
     for (const auto& employee : Employees()) {
         used(employee, "LoadImportedPay").CurEmployment()->ResetImportedPay();
     }
-    if (DLLGlobal::DAO_ADO().TempTableExists("PRPayImport")) loadImportTable(*this);
-    loadOrders(*this);
+    const auto takeAll = [this](const RecordsetRef& rows, std::string_view table, auto take) {
+        for (; !rows->Eof(); rows->MoveNext()) {
+            onRow(*rows, table, [&] { take(*this, *rows); });
+        }
+        rows->Close();
+    };
+    if (DLLGlobal::DAO_ADO().TempTableExists("PRPayImport")) {
+        takeAll(load::openPayImport(), "PRPayImport", load::takePayImport);
+    }
+    takeAll(load::openOrderLines(), "Orders", load::takeOrderLine);
     return {};
 }
 

@@ -8,6 +8,7 @@
 #include "ledgerwick/employee/load_queries.h"
 #include "ledgerwick/employee/load_steps.h"
 #include "ledgerwick/host/dll_global.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/checked.h"
 
@@ -138,7 +139,7 @@ bool isRowOf(std::int32_t naid, Recordset& rs) {
 
 FieldList load::employeeFields() {
     static const std::vector<FieldName> fields = [] {
-        std::vector<FieldName> all{field::PREOriginallyJoined};
+        std::vector<FieldName> all{field::PREOriginallyJoined, field::PRENAID};
         for (const Binding& binding : employeeBindings) all.push_back(binding.field);
         append(all, cEmployee::workplacePensionFields());
         append(all, cEmployment::employmentFields());
@@ -196,7 +197,7 @@ void CEmployeeList::LoadFromRecordset(std::int32_t lNAID, RecordsetRef rs) {
     if (rs->RecordCount() != 0) {
         for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
             if (label_) showProgress("Loading " + nameIn(*rs) + "......");
-            LoadEmployeeRows(*rs);
+            onRow(*rs, "PREmployeeDetails", [&] { LoadEmployeeRows(*rs); });
         }
     }
     rs.reset();
@@ -229,7 +230,7 @@ void CEmployeeList::LoadPayments(std::int32_t lNAID, std::int32_t lPayrollYear) 
 
     std::shared_ptr<cEmployee> employee;
     std::int32_t lastNAID = 0;
-    for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
+    const auto addPayment = [&] {
         const std::int32_t naid = rs->GetInt32(field::PRPNAID);
         if (naid != lastNAID) {
             employee = GetEmployeeByNAID(naid);
@@ -238,16 +239,20 @@ void CEmployeeList::LoadPayments(std::int32_t lNAID, std::int32_t lPayrollYear) 
             if (label_) showProgress("Loading Payments for " + next.BusName());
         }
         used(employee, "CEmployeeList.LoadPayments").AddPayment(*rs);
-    }
+    };
+    for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) onRow(*rs, "PRPay", addPayment);
 }
 
 void CEmployeeList::UpdateEmployeeFlags(std::int32_t lNAID) {
     // Found by its key, unless a host has changed the list.
     const auto own = GetEmployeeByNAID(lNAID);
-    if (own && holdsOwnEmployeesOnly() && own->NAID() == lNAID) return own->UpdateFlags();
+    if (own && holdsOwnEmployeesOnly() && own->NAID() == lNAID) {
+        return forEmployee(lNAID, [&] { own->UpdateFlags(); });
+    }
     for (const auto& held : employees_) {
         cEmployee& employee = used(held, "CEmployeeList.UpdateEmployeeFlags");
-        if (lNAID == 0 || employee.NAID() == lNAID) employee.UpdateFlags();
+        if (lNAID != 0 && employee.NAID() != lNAID) continue;
+        forEmployee(employee.NAID(), [&] { employee.UpdateFlags(); });
     }
 }
 

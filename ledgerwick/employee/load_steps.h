@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "ledgerwick/employee/employee.h"
+#include "ledgerwick/employee/employee_list.h"
 #include "ledgerwick/export.h"
 #include "ledgerwick/records/record_access.h"
 
@@ -27,5 +28,14 @@ LEDGERWICK_API std::shared_ptr<cEmployment> addEmploymentRow(
 // Errors: those of reading a field, with the field's name as the source; what came before it stays
 //         changed.
 LEDGERWICK_API void fillEmployee(cEmployee& employee, Recordset& rs);
+
+// The rows of `PRPayImport`, and the open order lines.
+LEDGERWICK_API RecordsetRef openPayImport();
+LEDGERWICK_API RecordsetRef openOrderLines();
+// Hangs the row on the current employment of its employee.
+// Errors: 91 for imported pay of nobody in the list, 13 when its value does not read back from the
+//         money format; those of reading a field.
+LEDGERWICK_API void takePayImport(CEmployeeList& list, Recordset& row);
+LEDGERWICK_API void takeOrderLine(CEmployeeList& list, Recordset& row);
 
 }  // namespace ledgerwick::load

@@ -23,6 +23,11 @@
 
 namespace ledgerwick {
 
+class CPayrollFunctions;
+namespace payrun {
+LEDGERWICK_API void openPeriods(CPayrollFunctions& payroll, std::int32_t naid, Date payDate);
+}
+
 class CEmployeeList;
 class cEmployee;
 
@@ -324,6 +329,7 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     void CheckYEValidCurrent(const std::string& sCallerIn);
     void CheckYEValid(std::int32_t lngYearNoIn, Date dtmYearEndIn, const std::string& sCallerIn);
 
+    friend void payrun::openPeriods(CPayrollFunctions& payroll, std::int32_t naid, Date payDate);
     class InputHours;  // one call of C_InputHoursInit (payrun/input_hours.cpp)
 
     // The list given by `Init`.

@@ -12,6 +12,7 @@
 #include "ledgerwick/payrun/pay_record.h"
 #include "ledgerwick/payrun/run_array.h"
 #include "ledgerwick/records/pay_row_order.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/checked.h"
@@ -236,14 +237,32 @@ void CPayrollFunctions::InputHours::takeImportedPay() {
 }
 
 void CPayrollFunctions::InputHours::updateRow() {
-    payroll_.UpdatePayRecord(*rows_, week(), payPeriod_, payDate_, epe_, nextPay_,
-                             imported_.has_value(), imported_.value_or(Currency()));
+    try {
+        payroll_.UpdatePayRecord(*rows_, week(), payPeriod_, payDate_, epe_, nextPay_,
+                                 imported_.has_value(), imported_.value_or(Currency()));
+    } catch (Error& error) {
+        // What the row does not read of itself comes from the employee.
+        const FieldList own = payrun::openRowFields();
+        const bool isOwn = std::any_of(own.begin(), own.end(), [&](const FieldName& name) {
+            return name.text() == error.Source();
+        });
+        const std::int32_t naid = employee_->NAID();
+        error.Row(isOwn ? rowAtHand(*rows_, error.Source(), "PRPay")
+                        : ErrorRow{"PREmployeeDetails", naid, naid});
+        throw;
+    }
 }
 
 void CPayrollFunctions::InputHours::closeColumn() {
     cell(run_array::payRecord) = rows_->GetInt32(field::PRPID);
     cell(run_array::weekNo) = rows_->GetInt32(field::PRPWeekNo);
     cell(run_array::paymentPeriod) = rows_->GetInt32(field::PRPPaymentPeriod);
+}
+
+void payrun::openPeriods(CPayrollFunctions& payroll, std::int32_t naid, Date payDate) {
+    bool hasUnchecked = false;
+    CPayrollFunctions::InputHours run(payroll, payDate, hasUnchecked);
+    run.prepare(naid);
 }
 
 Variant CPayrollFunctions::C_InputHoursInit(Date dPayDateIn, std::int32_t lngFrequencyIn,
@@ -259,7 +278,9 @@ Variant CPayrollFunctions::C_InputHoursInit(Date dPayDateIn, std::int32_t lngFre
         Database& database = DLLGlobal::g().DBDll();
         inOneBatch(database, [&] {
             database.Announce(naidsOf(selection));
-            for (const Selected& selected : selection) run.prepare(selected.naid);
+            for (const Selected& selected : selection) {
+                forEmployee(selected.naid, [&] { run.prepare(selected.naid); });
+            }
         });
     }
     if (vRet) *vRet = run.takeColumns();

@@ -7,6 +7,7 @@
 #include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/records/codes.h"
 #include "ledgerwick/records/pay_row_order.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/records/statement.h"
 #include "ledgerwick/values/checked.h"
@@ -21,10 +22,11 @@ constexpr std::array identity{PRPNAID, PRPPYEmployCount, PRPPayrollYear};
 constexpr std::array taxDetails{PRPNITable, PRPTaxCode, PRPWeek1, PRPDirector};
 constexpr std::array worksDetails{PRPWorksNo, PRPMinNormHours};
 
-constexpr std::array walkFields{PRTID,      PRPNAID,         PRPPYEmployCount, PRPPayrollYear,
-                                PRPWeekNo,  PRPPayDate,      PRPPaymentPeriod, PRPRTIPayDate,
-                                PRPNITable, PRPTaxCode,      PRPWeek1,         PRPDirector,
-                                PRPWorksNo, PRPMinNormHours, PRPDoB,           PRPEPEDate};
+constexpr std::array walkFields{PRPID,          PRTID,      PRPNAID,         PRPPYEmployCount,
+                                PRPPayrollYear, PRPWeekNo,  PRPPayDate,      PRPPaymentPeriod,
+                                PRPRTIPayDate,  PRPNITable, PRPTaxCode,      PRPWeek1,
+                                PRPDirector,    PRPWorksNo, PRPMinNormHours, PRPDoB,
+                                PRPEPEDate};
 
 template <std::size_t N>
 void copy(Recordset& from, Recordset& to, const std::array<FieldName, N>& fields) {
@@ -152,12 +154,13 @@ Variant CPayrollFunctions::AutoFillMissingPeriods() {
         const auto walk = openWalk();
         if (walk->RecordCount() != 0) {
             RowBefore before;
-            for (walk->MoveFirst(); !walk->Eof(); walk->MoveNext()) {
+            const auto look = [&] {
                 if (walk->GetInt32(PRTID) == before.employment) {
                     fillGap(*this, *rows, before, *walk);
                 }
                 before.take(*walk);
-            }
+            };
+            for (walk->MoveFirst(); !walk->Eof(); walk->MoveNext()) onRow(*walk, "PRPay", look);
         }
         rows->Close();
         walk->Close();

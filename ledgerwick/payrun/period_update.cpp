@@ -7,6 +7,7 @@
 #include "ledgerwick/host/payroll_functions.h"
 #include "ledgerwick/payrun/due_employees.h"
 #include "ledgerwick/records/pay_row_order.h"
+#include "ledgerwick/records/row_at_hand.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/records/statement.h"
 
@@ -47,7 +48,7 @@ RecordsetRef openRowsUpTo(Date payDate, std::int32_t naid) {
 }  // namespace
 
 void CPayrollFunctions::C_UpdatePayPeriod(std::int32_t lngNAIDIn, Date dPayDateIn) {
-    inOneBatch(DLLGlobal::g().DBDll(), [&] {
+    const auto close = [&] {
         const auto rows = openRowsUpTo(dPayDateIn, lngNAIDIn);
         const auto employee = payrun::employeeOf(employeeList(), lngNAIDIn, "C_UpdatePayPeriod");
         const PR_Pay_Freq frequency = payrun::frequencyOf(*employee);
@@ -73,7 +74,8 @@ void CPayrollFunctions::C_UpdatePayPeriod(std::int32_t lngNAIDIn, Date dPayDateI
             rows->Update();
         }
         rows->Close();
-    });
+    };
+    forEmployee(lngNAIDIn, [&] { inOneBatch(DLLGlobal::g().DBDll(), close); });
 }
 
 bool CPayrollFunctions::C_Reset_HasBeenVisited(std::int32_t lNAID) {

@@ -1,5 +1,10 @@
 #include "ledgerwick/records/record_access.h"
 
+#include <utility>
+
+#include "ledgerwick/records/schema.h"
+#include "ledgerwick/values/error.h"
+
 namespace ledgerwick {
 
 Variant Field::Value() const {
@@ -39,8 +44,53 @@ std::string_view Recordset::GetText(const FieldName& name) {
     return text_;
 }
 
+void Recordset::FillEmpty() {
+    // What stands in a row of `PREmploymentsAddInfo`, apart from its key.
+    static const std::pair<FieldName, Variant> blanks[]{
+        {field::PRTAPRTID, std::int16_t{0}},
+        {field::PRTAType, std::int16_t{0}},
+        {field::PRTAStatus, std::int16_t{0}},
+        {field::PRTAHCID, ""},
+        {field::PRTADecDate, Date()},
+        {field::PRTADied, false},
+        {field::PRTAPEmpPAYERef, ""},
+        {field::PRTAPEmpLeave, Date()},
+        {field::PRTAPEmpSLoans, std::int16_t{0}},
+        {field::PRTAPEmpTaxCode, ""},
+        {field::PRTAPEmpWeek1, false},
+        {field::PRTAPEmpWeekNo, std::int16_t{0}},
+        {field::PRTAPEmpGross, Currency()},
+        {field::PRTAPEmpTax, Currency()},
+        {field::PRTAText, ""},
+        {field::PRTADec, ""},
+        {field::PRTAPEmpPGLoans, std::int16_t{0}},
+    };
+    for (const auto& [name, blank] : blanks) {
+        try {
+            if (!IsNull(name)) continue;
+        } catch (const Error& error) {
+            if (error.Number() == error_number::noSuchItem) continue;
+            throw;
+        }
+        Value(name, blank);
+    }
+}
+
 void Recordset::Values(FieldList names, std::span<Variant> values) {
     for (std::size_t i = 0; i < names.size(); ++i) values[i] = Value(names[i]);
+}
+
+bool Database::TableExists(std::string_view name) {
+    if (name.find(']') != std::string_view::npos) return false;
+    try {
+        OpenRecordset("SELECT * FROM [" + std::string(name) + "] WHERE 1 = 0",
+                      RecordsetType::Snapshot)
+            ->Close();
+        return true;
+    } catch (const Error& error) {
+        if (error.Number() == error_number::noSuchTable) return false;
+        throw;
+    }
 }
 
 void Database::BeginBatch() {}

@@ -9,8 +9,10 @@
 // layer can be run against ships in hostkit/conformance.
 //
 // Errors are thrown as `Error`: 3265 for a field that the set does not have, 3021 when there is no
-// current row, 94, 13 and 6 from the conversions, 3420 after `Close`, and the database's own
-// failures with a number of the layer's choice and a description that names the statement.
+// current row, 94, 13 and 6 from the conversions, 3420 after `Close`, 3078 for a statement on a table
+// that is not there, and the database's own failures, each with the number of what to do about it
+// (`error_number` in values/error.h) and a description that names the statement. A description
+// carries no values of rows.
 #pragma once
 
 #include <cstdint>
@@ -114,6 +116,13 @@ class LEDGERWICK_API Recordset : public Object {
     // Errors: 3020 without a row in edit, 3027.
     virtual void Update() = 0;
 
+    // Gives each field of the row in edit that `Update` would store as Null the blank value of its
+    // kind: 0, "", False, the zero date. A key that the database gives stays. The default knows the
+    // fields that the library writes into a new row of `PREmploymentsAddInfo`; a layer that knows
+    // its columns overrides it for all of them.
+    // Errors: 3020 without a row in edit, 3027.
+    virtual void FillEmpty();
+
     // The row stored last, as a place to go to.
     virtual ledgerwick::Bookmark LastModified() = 0;
     // The current row as a place to go to, and going there.
@@ -186,6 +195,11 @@ class LEDGERWICK_API Database : public Object {
     // `name` is always empty: a query that is not kept.
     virtual std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name,
                                                      std::string_view sql) = 0;
+
+    // Whether there is a table of that name, temporary or not. Leaves a batch that is open as it is.
+    // The default opens the table and takes error 3078, and no other failure, for a no.
+    // Errors: those of a database that cannot tell.
+    virtual bool TableExists(std::string_view name);
 
     // Opens the writes of one public operation, so that a layer may store them together. Not a
     // transaction: what was written stays, also when the operation fails in between. The default

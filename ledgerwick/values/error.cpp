@@ -26,12 +26,16 @@ constexpr Description descriptions[] = {
     {error_number::duplicateKey, "Key already present"},
     {error_number::updateWithoutEdit, "Update without AddNew or Edit"},
     {error_number::noCurrentRecord, "No current record"},
+    {error_number::diskFull, "Disk full"},
     {error_number::readOnly, "Read only"},
+    {error_number::damagedFile, "Damaged file"},
     {error_number::statementError, "Error in statement"},
+    {error_number::noSuchTable, "No such table"},
     {error_number::databaseError, "Database error"},
     {error_number::connectionLost, "Connection to the database lost"},
     {error_number::writerBusy, "Somebody else is writing, try again"},
     {error_number::noSuchItem, "No such item"},
+    {error_number::notACompany, "Not a company"},
     {error_number::objectClosed, "Object is closed"},
 };
 

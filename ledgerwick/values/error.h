@@ -8,10 +8,18 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ledgerwick/export.h"
 
 namespace ledgerwick {
+
+// The row that an operation had in hand when it failed.
+struct ErrorRow {
+    std::string table;      // empty when no row was in hand
+    std::int32_t key = 0;   // of the row, 0 when it could not be told
+    std::int32_t naid = 0;  // the employee, 0 when there is none
+};
 
 // The one exception type of the library.
 class LEDGERWICK_API Error : public std::exception {
@@ -25,6 +33,13 @@ class LEDGERWICK_API Error : public std::exception {
     const std::string& Source() const noexcept { return source_; }
     const std::string& Description() const noexcept { return description_; }  // the sentence
 
+    // The row in hand; number and text say nothing of it.
+    const ErrorRow& Row() const noexcept { return row_; }
+    // Notes the row in hand, unless an inner operation has.
+    void Row(ErrorRow row) noexcept {
+        if (row_.table.empty()) row_ = std::move(row);
+    }
+
     // "Error 9909 in AECalcR_PRP: Invalid Pay Period (0)."
     const char* what() const noexcept override { return text_.c_str(); }
 
@@ -33,6 +48,7 @@ class LEDGERWICK_API Error : public std::exception {
     std::string source_;
     std::string description_;
     std::string text_;
+    ErrorRow row_;
 };
 
 // The numbers of failures that are not a rule of the payroll but of the values themselves. The
@@ -53,12 +69,16 @@ inline constexpr std::int32_t noSuchMember = 438;        // an object lacks the 
 inline constexpr std::int32_t duplicateKey = 457;        // the key is there already
 inline constexpr std::int32_t updateWithoutEdit = 3020;  // a write without `AddNew` or `Edit`
 inline constexpr std::int32_t noCurrentRecord = 3021;    // the set stands on no row
-inline constexpr std::int32_t readOnly = 3027;           // the set cannot be written
+inline constexpr std::int32_t diskFull = 3026;           // no room for what is written
+inline constexpr std::int32_t readOnly = 3027;           // the set or the file cannot be written
+inline constexpr std::int32_t damagedFile = 3049;        // the file is damaged, or no database
 inline constexpr std::int32_t statementError = 3075;     // a statement that cannot be understood
+inline constexpr std::int32_t noSuchTable = 3078;        // a statement on a table that is not there
 inline constexpr std::int32_t databaseError = 3146;      // the database refused
 inline constexpr std::int32_t connectionLost = 3151;     // the database cannot be reached
 inline constexpr std::int32_t writerBusy = 3218;    // another connection has the right to write
 inline constexpr std::int32_t noSuchItem = 3265;    // no field or item of that name
+inline constexpr std::int32_t notACompany = 3343;   // a database without the tables of a company
 inline constexpr std::int32_t objectClosed = 3420;  // the set or table is not open
 }  // namespace error_number
 

@@ -8,7 +8,7 @@ _ledgerwick_options() {
 # The commands and options that may stand after a command.
 _ledgerwick_words() {
   case "$1" in
-    "") echo "new import export calendar explain employees employee rows due run fill report employment ae audit demo --help --version --today --csv --json --durability" ;;
+    "") echo "new import export calendar explain employees employee rows due run fill report employment ae audit statements demo --help --version --today --csv --json --durability" ;;
     "new") echo "--year $(_ledgerwick_options)" ;;
     "import") echo "$(_ledgerwick_options)" ;;
     "export") echo "$(_ledgerwick_options)" ;;
@@ -34,7 +34,8 @@ _ledgerwick_words() {
     "ae scheme-changed") echo "--scheme --re-enrolment $(_ledgerwick_options)" ;;
     "ae letters") echo "--type --out --employee --templates $(_ledgerwick_options)" ;;
     "ae check-templates") echo "--type --db $(_ledgerwick_options)" ;;
-    "audit") echo "$(_ledgerwick_options)" ;;
+    "audit") echo "--remove $(_ledgerwick_options)" ;;
+    "statements") echo "$(_ledgerwick_options)" ;;
     "demo") echo "--company --database $(_ledgerwick_options)" ;;
   esac
 }
@@ -108,6 +109,7 @@ _ledgerwick_values() {
     "ae letters --templates") echo "-" ;;
     "ae check-templates --type") echo "enrolment postponement not-eligible re-enrolment attachment" ;;
     "ae check-templates --db") echo "-" ;;
+    "audit --remove") echo "-" ;;
     "demo --company") echo "-" ;;
     "demo --database") echo "-" ;;
   esac

@@ -59,7 +59,8 @@ class Exchange : public testing::Test {
 TEST_F(Exchange, FieldsLeftOutTakeTheTablesDefaults) {
     write("Deadstock.csv", "dsidno,DSDesc\n5,\n");
     write("PREmployments.CSV",
-          "PRTID,PRTStartDate,PRTEndDateLong\n1,2016-04-29,2016-05-05\n2,2016-04-29T13:30,\n");
+          "PRTID,PRTNAID,PRTStartDate,PRTEndDateLong\n1,7,2016-04-29,2016-05-05\n"
+          "2,7,2016-04-29T13:30,\n");
     EXPECT_EQ(faults(), "");
     EXPECT_EQ(valueOf("DSUoMConv", "Deadstock").toDouble(), 1);
     EXPECT_EQ(valueOf("DSDesc", "Deadstock"), Variant(""));
@@ -101,7 +102,14 @@ TEST_F(Exchange, ABadFieldIsToldWithFileLineFieldAndReason) {
                                {"NABusName", "\xC0\xAF", noText, "Customers", "NAID"},
                                {"NABusName", "\xED\xA0\x80", noText, "Customers", "NAID"}}) {
         const std::string file = std::string(bad.table) + ".csv";
-        write(file, std::string(bad.key) + "," + bad.field + "\n1,\n\n2," + bad.text + "\n");
+        const std::string table = bad.table;
+        const std::string person = table == "PRPay"           ? "PRPNAID"
+                                   : table == "PREmployments" ? "PRTNAID"
+                                                              : "NASeq";
+        const bool ofPerson = person == bad.field;
+        write(file, std::string(bad.key) + "," + bad.field + (ofPerson ? "" : "," + person) +
+                        (ofPerson ? "\n1,7\n\n2," : "\n1,,7\n\n2,") + bad.text +
+                        (ofPerson ? "\n" : ",7\n"));
         const std::string told = faults();
         EXPECT_THAT(told, testing::StartsWith(file + ", line 4, field " + bad.field + ": "));
         EXPECT_THAT(told, HasSubstr(bad.reason));

@@ -131,5 +131,25 @@ TEST(Plan, AStatementIsTakenApartOutsideOfItsTexts) {
     EXPECT_EQ(recording::partsOf("DELETE FROM PRPayImport").source, "PRPayImport");
 }
 
+TEST(Recording, ANewRowLeavesASetWhereItStood) {
+    const auto file = exchange::openOrCreate(":memory:");
+    file->createSchema();
+    file->exec("INSERT INTO PRPay (PRPID, PRPNAID) VALUES (1, 7), (2, 7)");
+    RecordingDatabase recording(file);
+    const auto rows =
+        recording.OpenRecordset("SELECT * FROM PRPay ORDER BY PRPID", RecordsetType::Dynaset);
+    const auto add = [&] {
+        rows->AddNew();
+        rows->Value("PRPNAID", std::int32_t{8});
+        rows->Update();
+    };
+    add();
+    EXPECT_EQ(rows->AbsolutePosition(), 0);
+    rows->MoveLast();
+    rows->MoveNext();
+    add();
+    EXPECT_TRUE(rows->Eof());
+}
+
 }  // namespace
 }  // namespace ledgerwick::app

@@ -4,10 +4,15 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <memory>
+#include <utility>
 
+#include "hostkit/forwarding/forwarding_database.h"
+#include "hostkit/office/letters.h"
 #include "ledgerwick/autoenrol/ae_letter_detail.h"
 #include "ledgerwick/host/host.h"
 #include "ledgerwick/host/identify.h"
+#include "tests/support/company.h"
 #include "tests/support/errors.h"
 #include "tests/support/expect.h"
 
@@ -217,6 +222,17 @@ TEST(LetterAddress, LosesEmptyLinesAtItsStartOnly) {
     EXPECT_EQ(letter.EmployeeAddress(), "");
     for (const char* line : {"", "", "1 Low Road", "", "Ely", ""}) letter.AddAddressLine(line);
     EXPECT_EQ(letter.EmployeeAddress(), "1 Low Road\r\n\r\nEly\r\n");
+}
+
+TEST(Recipients, OfAPostponementAreThoseWhoseLastDayIsToday) {
+    Company company;
+    company.employee(7).weekly().details("PREPensionPostponementDate = #5/1/2016#");
+    const auto database = std::make_shared<ForwardingDatabase>(company.database());
+    for (const auto& [today, count] : {std::pair{"2016-05-01", 1U}, std::pair{"2016-05-02", 0U}}) {
+        HostSession session(database, day(today));
+        session.list().LoadEmployees();
+        EXPECT_EQ(office::recipients(session, PR_AELT_POSTPONEMENT).size(), count) << today;
+    }
 }
 
 }  // namespace

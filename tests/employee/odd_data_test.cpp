@@ -137,6 +137,20 @@ TEST(OddData, ANullSchemeIsNoSchemeInTheRunAsInTheLoad) {
               0);
 }
 
+TEST(OddData, FlatAmountsGoWhenSchemeRatesTakeOver) {
+    Office office;
+    office.employee(8).details(
+        "PREPenWorkplaceUseSchemeRates = False, "
+        "PREPenWorkplaceEEDeductFlat = 12, PREPenWorkplaceERDeductFlat = 9");
+    office.load();
+    EXPECT_EQ(office.at(8).PenWorkplaceERDeductFlat(), Currency::fromWhole(9));
+    office.employee(8).details("PREPenWorkplaceUseSchemeRates = True");
+    office.payroll().C_PenWorkplaceSchemeUpdate(1);
+    EXPECT_EQ(office.at(8).PenWorkplaceEEDeductFlat(), Currency());
+    EXPECT_EQ(office.at(8).PenWorkplaceERDeductFlat(), Currency());
+    EXPECT_EQ(office.at(8).PenWorkplaceEEDeductPC(), 3.1F);
+}
+
 // ---- the status of a year -----------------------------------------------------------------------
 
 TEST(OddData, AStatusReadsTheRowsAndFieldsThatItShowsAndNoOthers) {

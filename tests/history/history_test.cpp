@@ -83,6 +83,17 @@ TEST(AsOf, IsTheStateOfACompanyBuiltNoFurther) {
     }
 }
 
+TEST(AsOf, TheLastDayOfAnEmploymentShowsItEnded) {
+    for (const bool last : {false, true}) {
+        Company company;
+        company.employee(9).weekly().closed(weeks(1, 2)).left("2016-06-30");
+        showAsOf(company.database(), day(last ? "2016-06-30" : "2016-06-29"));
+        company.load();
+        EXPECT_EQ(company.at(9).GetEmploymentByIndex("90")->EndDate(),
+                  last ? day("2016-06-30") : Date());
+    }
+}
+
 TEST(AsOf, NamesTheRowBehindEachFigure) {
     Company company;
     company.employee(7).weekly().closed(week(1)).pay("PRPStudentLoan = 2");            // row 1

@@ -247,7 +247,7 @@ const EntryPoint entryPoints[] = {
      [](World& world, const std::string& text) {
          world.company.database().createLastWeekNosTable(text);
          const std::string name = "TEMP_PR_LAST_WEEK_NOS" + text;
-         EXPECT_TRUE(world.company.database().tableExists(name));
+         EXPECT_TRUE(world.company.database().TableExists(name));
          world.company.exec("DROP TABLE " + bracketed(name));
          return text;
      }},

@@ -64,8 +64,9 @@ TEST_F(Fernbank, AsksAnotherLayerByAStatementAndTakesNoFailureForAnAnswer) {
 }
 
 TEST_F(Fernbank, FillsWhatWouldBeNullAndLeavesTheRest) {
+    layer = std::make_unique<test::FailingDatabase>(*openedDatabase);
     const auto object = create("DAO_ADO_Functions");
-    RecordsetRef rs = openedDatabase->OpenRecordset(
+    RecordsetRef rs = currentDatabase().OpenRecordset(
         "SELECT * FROM PREmploymentsAddInfo WHERE PRTAID = -1", RecordsetType::Dynaset);
     rs->AddNew();
     rs->Value(field::PRTAPRTID, Variant(std::int32_t{7}));

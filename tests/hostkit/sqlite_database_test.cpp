@@ -3,10 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "hostkit/services/host_session.h"
 #include "ledgerwick/records/schema.h"
 #include "ledgerwick/values/error.h"
 #include "tests/support/errors.h"
@@ -153,6 +157,14 @@ TEST_F(SqliteFile, ColumnsThatAHostAddsAreHandedThrough) {
     rs->Value("HostNote", Variant("there"));
     rs->Update();
     EXPECT_EQ(rs->GetText("HostNote"), "there");
+
+    // One statement for one field of the host's, and then for another.
+    db->exec("ALTER TABLE Customers ADD COLUMN HostMark TEXT DEFAULT 'mark'");
+    for (const char* name : {"HostNote", "HostMark", "HostNote"}) {
+        const std::vector<FieldName> one{name};
+        EXPECT_EQ(db->OpenRecordset(sql, RecordsetType::Snapshot, one)->GetText(name),
+                  std::string(name) == "HostMark" ? "mark" : "there");
+    }
 }
 
 TEST_F(SqliteFile, RecordsetsOutliveTheDatabaseObject) {
@@ -166,16 +178,74 @@ TEST_F(SqliteFile, RecordsetsOutliveTheDatabaseObject) {
     EXPECT_EQ(keyed->GetText(field::NABusName), "A");
 }
 
-TEST_F(SqliteFile, AFileThatCannotBeOpenedOrWrittenSaysSo) {
+// Each failure that calls for another act has a number of its own.
+TEST_F(SqliteFile, AFailureSaysByItsNumberWhatToDo) {
     const auto told = test::errorOf([&] { SqliteDatabase::open(folder_ / "no" / "company.db"); });
     EXPECT_EQ(told.number, error_number::databaseError);
     EXPECT_NE(told.description.find("company.db"), std::string::npos);
-    EXPECT_EQ(raisedBy([&] { add(*open({.readOnly = true}), "A"); }), error_number::databaseError);
+    EXPECT_EQ(raisedBy([&] { add(*open({.readOnly = true}), "A"); }), error_number::readOnly);
+    EXPECT_EQ(raisedBy([&] { open()->Execute("DELETE FROM NoSuchTable", failOnError); }),
+              error_number::noSuchTable);
     const auto one = open({.busyTimeout = std::chrono::milliseconds(20)});
     open()->inTransaction(
-        [&] { EXPECT_EQ(raisedBy([&] { add(*one, "A"); }), error_number::databaseError); });
+        [&] { EXPECT_EQ(raisedBy([&] { add(*one, "A"); }), error_number::writerBusy); });
     add(*one, "A");
     EXPECT_EQ(count(*one), 1);
+
+    one->exec("PRAGMA max_page_count = 1");  // no more than there are
+    const std::string long_(20000, 'x');
+    EXPECT_EQ(raisedBy([&] { add(*one, long_.c_str()); }), error_number::diskFull);
+}
+
+TEST_F(SqliteFile, ADamagedFileAndOneThatIsNoCompanyAreToldApartAndLeftAsTheyAre) {
+    const auto bytesOf = [](const std::filesystem::path& path) {
+        std::ifstream file(path, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    };
+    const std::filesystem::path company = folder_ / "company.db";
+    {
+        const std::string whole = bytesOf(company);
+        std::ofstream damaged(folder_ / "damaged.db", std::ios::binary);
+        damaged << whole.substr(0, 4096) << std::string(whole.size() - 4096, '\xff');
+    }
+    SqliteDatabase::open((folder_ / "foreign.db").string())
+        ->exec("PRAGMA journal_mode = DELETE; CREATE TABLE Songs (Title TEXT)");
+    std::ofstream(folder_ / "text.db") << std::string(3000, 't');
+    std::ofstream(folder_ / "empty.db").flush();
+    const std::pair<const char*, std::int32_t> files[]{
+        {"damaged.db", error_number::damagedFile},
+        {"foreign.db", error_number::notACompany},
+        {"text.db", error_number::notACompany},
+        {"empty.db", error_number::notACompany},
+    };
+    for (const auto& [name, number] : files) {
+        const std::string path = (folder_ / name).string();
+        const std::string before = bytesOf(path);
+        EXPECT_EQ(raisedBy([&] {
+                      HostSession session(path, Date());
+                      count(session.database());
+                  }),
+                  number)
+            << name;
+        if (number != error_number::notACompany) continue;
+        EXPECT_EQ(bytesOf(path), before) << name;
+        EXPECT_FALSE(std::filesystem::exists(path + "-wal")) << name;
+    }
+}
+
+TEST_F(SqliteFile, ErrorsShowValuesOfRowsOnlyWhenTheHostAsks) {
+    open()->exec("CREATE UNIQUE INDEX one_name ON Customers (NABusName)");
+    for (const bool asked : {false, true}) {
+        const auto file = open({.valuesInErrors = asked});
+        if (!asked) add(*file, "Secret Name");
+        const auto keyed = file->OpenRecordset("SELECT * FROM Customers", RecordsetType::Dynaset);
+        keyed->AddNew();
+        keyed->Value(field::NABusName, "Secret Name");
+        const std::string texts = test::errorOf([&] { keyed->Update(); }).description +
+                                  test::errorOf([&] { add(*file, "Secret Name"); }).description +
+                                  test::errorOf([&] { add(*file, "Secret Name') #"); }).description;
+        EXPECT_EQ(texts.find("Secret") != std::string::npos, asked) << texts;
+    }
 }
 
 TEST_F(SqliteFile, MoneyThatCannotBeStoredExactlyIsRefused) {

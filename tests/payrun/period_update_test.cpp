@@ -51,6 +51,45 @@ TEST(Closing, GivesTheLastMonthItsDatesByThePayDayRuleOfTheMoment) {
     EXPECT_EQ(office.payRows(), expected);
 }
 
+// The months' longer kin look ahead by the employment as it is at the closing.
+TEST(Closing, StepsLongerPeriodsFromTheDateTheHostHasMoved) {
+    for (const PR_Pay_Freq frequency : {PFREQ_Quarterly, PFREQ_BiAnnual, PFREQ_Annual}) {
+        PayOffice office;
+        office.hire(7, frequency);
+        office.company.load();
+        const Date due = office.company.current(7).NExpPayDate();
+        office.open(due);
+        office.company.current(7).NExpPayDate(due.addDays(7));
+        office.payroll().C_UpdatePayPeriod(7, due);
+        const Date stepped =
+            office.payroll().C_Calc_Next_NExpDate(due.addDays(7), frequency, PR_NExp_Pay);
+        EXPECT_GT(stepped, due.addDays(60));
+        EXPECT_EQ(office.payRows().back().at("PRPNExpPayDate"), Variant(stepped)) << frequency;
+    }
+}
+
+TEST(Closing, AndEveryOtherWriterOfRowsWritesInsideABatch) {
+    PayOffice office;
+    office.hire(7).closed(week(1)).closed(week(3));
+    office.company.load();
+    const auto batched = [&](auto&& work) {
+        int writes = 0;
+        office.library().onStored([&] {
+            EXPECT_GT(office.library().depth, 0);
+            ++writes;
+        });
+        work();
+        office.library().onStored({});
+        EXPECT_EQ(office.library().depth, 0);
+        return writes;
+    };
+    const Date due = office.company.current(7).NExpPayDate().addDays(7);
+    EXPECT_GE(batched([&] { office.open(due); }), 4) << "two rows made and refreshed";
+    EXPECT_EQ(batched([&] { office.payroll().C_UpdatePayPeriod(7, due); }), 2);
+    EXPECT_EQ(batched([&] { office.payroll().AutoFillMissingPeriods(); }), 1);
+    EXPECT_EQ(batched([&] { office.payroll().C_CreateStartingPayRecord(7, 0, due, due, due); }), 1);
+}
+
 TEST(VisitedMark, IsWithdrawnFromTheEmployeesOpenRowsOnly) {
     PayOffice office;
     office.hire(7).closed(week(1)).open(week(2));

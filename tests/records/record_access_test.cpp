@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "ledgerwick/records/schema.h"
 #include "tests/support/errors.h"
 #include "tests/support/rows.h"
 
@@ -55,6 +56,38 @@ TEST(RecordAccess, ABatchEndsAlsoWhenItsWorkFails) {
               (Told{error_number::noCurrentRecord, "work"}))
         << "the first failure is the one to tell";
     EXPECT_EQ(database.steps, "begin work end begin end ");
+}
+
+// What a layer gets that implements the pure members only.
+TEST(RecordAccess, TheDefaultsFillAnAddInfoRowAndFindATable) {
+    Rows rows{Row{{field::PRTAID, Null},
+                  {field::PRTAPRTID, 7},
+                  {field::PRTADecDate, Null},
+                  {field::PRTAText, Null},
+                  {field::PRTAPEmpGross, Null},
+                  {field::PRTAPEmpTaxCode, "1000L"}}};
+    rows.Edit();
+    rows.FillEmpty();
+    rows.Update();
+    EXPECT_TRUE(rows.IsNull(field::PRTAID)) << "a key is given by the database";
+    EXPECT_EQ(rows.Value(field::PRTAPRTID), Variant(7));
+    EXPECT_EQ(rows.Value(field::PRTADecDate), Variant(Date()));
+    EXPECT_EQ(rows.Value(field::PRTAText), Variant(""));
+    EXPECT_EQ(rows.Value(field::PRTAPEmpGross), Variant(Currency()));
+    EXPECT_EQ(rows.Value(field::PRTAPEmpTaxCode), Variant("1000L"));
+
+    struct OneTable : test::RowsDatabase {
+        RecordsetRef OpenRecordset(std::string_view sql, RecordsetType, FieldList) override {
+            if (sql == "SELECT * FROM [There] WHERE 1 = 0") return std::make_shared<Rows>();
+            raise(sql.find("Broken") == sql.npos ? error_number::noSuchTable
+                                                 : error_number::databaseError,
+                  "OneTable");
+        }
+    } database;
+    EXPECT_TRUE(database.TableExists("There"));
+    EXPECT_FALSE(database.TableExists("Elsewhere"));
+    EXPECT_FALSE(database.TableExists("There] WHERE [x"));
+    EXPECT_THROW(database.TableExists("Broken"), Error) << "no failure is taken for an answer";
 }
 
 }  // namespace

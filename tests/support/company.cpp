@@ -231,7 +231,7 @@ Company& Company::scheme(std::int32_t psid, std::string_view description, double
 }
 
 Company& Company::importedPay(std::int32_t naid, double pay) {
-    if (!database_->tableExists("PRPayImport")) database_->createPayImportTable();
+    if (!database_->TableExists("PRPayImport")) database_->createPayImportTable();
     return insert("PRPayImport (PRPINAID, PRPIPay)", {naid, pay});
 }
 

@@ -122,7 +122,7 @@ class CompanyDataAccess : public DataAccess {
   public:
     explicit CompanyDataAccess(std::shared_ptr<sqlite::SqliteDatabase> database)
         : database_(std::move(database)) {}
-    bool TempTableExists(std::string_view name) override { return database_->tableExists(name); }
+    bool TempTableExists(std::string_view name) override { return database_->TableExists(name); }
     void NoNullRecordLine(RecordsetRef& recordset) override {
         if (replacement) recordset = replacement;
     }

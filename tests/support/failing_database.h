@@ -108,6 +108,19 @@ class FailingDatabase : public ForwardingDatabase {
         ForwardingDatabase::Announce(keys);
     }
 
+    int depth = 0;  // of the batches that are open
+    void BeginBatch() override {
+        ++depth;
+        ForwardingDatabase::BeginBatch();
+    }
+    void EndBatch() override {
+        --depth;
+        ForwardingDatabase::EndBatch();
+    }
+    bool TableExists(std::string_view name) override {
+        counts_->pass(Operation::Open);
+        return ForwardingDatabase::TableExists(name);
+    }
     void Execute(std::string_view sql, std::int32_t option) override {
         counts_->pass(Operation::Execute);
         ForwardingDatabase::Execute(sql, option);
