@@ -98,13 +98,20 @@ class Row : public Held {
     void value(const char* field, const Variant& value) {
         mark(field);
         sessionIn(session_);
-        row_->Value(textIn(field, here), value);
+        const std::string name = textIn(field, here);
+        row_->Value(name, value);
+        const FieldName* person = personFieldOf(table_.name);
+        if (person && equalsIgnoringCase(person->text(), name)) {
+            isNobodys_ = !value.isNull() && value.toInt32(here) == 0;
+        }
     }
     std::int64_t store() {
         mark();
         Session& session = sessionIn(session_);
         const FieldName* person = personFieldOf(table_.name);
-        if (person && !row_->IsNull(*person) && row_->GetInt32(*person) == 0) {
+        // A key that is left out is given by the database.
+        const bool leftOut = isNew_ && person && person->text() != table_.key;
+        if (isNobodys_.value_or(leftOut)) {
             raise(LEDGERWICK_INVALID_CALL, here,
                   std::string(person->text()) + " is 0, which is nobody's number");
         }
@@ -154,6 +161,7 @@ class Row : public Held {
     const TableName& table_;
     std::optional<std::int64_t> key_;
     bool isNew_;
+    std::optional<bool> isNobodys_;  // as far as the number of its person was written
     RecordsetRef row_;
     std::string text_;
 };

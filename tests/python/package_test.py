@@ -128,6 +128,10 @@ class Company(unittest.TestCase):
         self.company.update("PREmployeeDetails", 1, PREDoB=None, PREHDays=5.1, PRETaxCode=None)
         (details,) = self.company.rows("PREmployeeDetails", 1)
         self.assertEqual((details.PREDoB, details.PREHDays, details.PRETaxCode), (None, 5.1, ""))
+        for nobody in ({}, {"PRPNAID": 0}):  # a row of employee 0 would stop every load
+            with self.assertRaises(LedgerwickError) as raised:
+                self.company.insert("PRPay", PRPPayrollYear=17, **nobody)
+            self.assertIn("nobody", str(raised.exception))
         with localcontext() as context:  # an amount does not depend on the program's precision
             context.prec = 2
             self.company.update("PREmployeeDetails", 1, PREStdPeriodRate=Decimal("123456.7891"))
