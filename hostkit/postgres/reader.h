@@ -52,9 +52,6 @@ class Reader final : public rowsets::TypedReads<Reader>, private OpenReader {
     std::size_t fieldCount() const override;
     std::string_view fieldName(std::size_t field) const override;
     VariantKind fieldKind(std::size_t field) const override;
-    bool isKey(std::size_t) const override { return false; }
-    bool inEdit() const override { return false; }
-    bool wouldBeNull(std::size_t) override { return false; }
 
     rowsets::Cell cell(const FieldName& name);
     VariantKind kindOf(const FieldName& name) { return columns_->kinds[columnOf(name)]; }

@@ -118,9 +118,6 @@ class LEDGERWICK_HOSTKIT_API KeyedSet final : public TypedReads<KeyedSet> {
     std::size_t fieldCount() const override;
     std::string_view fieldName(std::size_t field) const override;
     VariantKind fieldKind(std::size_t field) const override;
-    bool isKey(std::size_t field) const override;
-    bool inEdit() const override { return edit_ != EditMode::None; }
-    bool wouldBeNull(std::size_t field) override;
     void FillEmpty() override;
 
     Cell cell(const FieldName& name);
@@ -128,6 +125,12 @@ class LEDGERWICK_HOSTKIT_API KeyedSet final : public TypedReads<KeyedSet> {
 
   private:
     enum class EditMode : std::uint8_t { None, AddNew, Edit };
+
+    // Whether the database gives the field its value, being the number of the row.
+    bool isKey(std::size_t field) const;
+    bool inEdit() const { return edit_ != EditMode::None; }
+    // Whether `Update` would leave Null in a field of the row in edit.
+    bool wouldBeNull(std::size_t field);
     static constexpr std::int64_t none = -1;
 
     KeyedFields& fields() const noexcept { return rows_->fields(); }

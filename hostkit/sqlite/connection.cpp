@@ -41,10 +41,11 @@ Connection::Connection(const std::string& path, const store::OpenOptions& option
       valuesInErrors_(options.valuesInErrors) {
     try {
         configure(options, isNew);
-    } catch (...) {
+    } catch (const Error& error) {
         cache_.clear();
         sqlite3_close_v2(database_);
-        throw;
+        if (error.Number() != error_number::notACompany) throw;
+        raise(error_number::notACompany, "Database", path + " is no database");
     }
 }
 

@@ -48,9 +48,6 @@ class SnapshotReader final : public rowsets::TypedReads<SnapshotReader>, private
     std::size_t fieldCount() const override;
     std::string_view fieldName(std::size_t field) const override;
     VariantKind fieldKind(std::size_t field) const override;
-    bool isKey(std::size_t) const override { return false; }
-    bool inEdit() const override { return false; }
-    bool wouldBeNull(std::size_t) override { return false; }
 
     Cell cell(const FieldName& name) { return cellIn(columnOf(name)); }
     VariantKind kindOf(const FieldName& name) { return statement_->kind(columnOf(name)); }

@@ -15,19 +15,12 @@ class LEDGERWICK_HOSTKIT_API CompanyRecordset : public Recordset {
     ~CompanyRecordset() override;
 
     // The number of fields.
-    // Errors: of this and the next three, 9 for a place outside the fields, 3420 after `Close`.
+    // Errors: of this and the next two, 9 for a place outside the fields, 3420 after `Close`.
     virtual std::size_t fieldCount() const = 0;
     // The fields in the order of the statement.
     virtual std::string_view fieldName(std::size_t field) const = 0;
     // Empty for a field without a kind of its own, such as an expression.
     virtual VariantKind fieldKind(std::size_t field) const = 0;
-    // Whether the database gives the field its value, being the number of the row.
-    virtual bool isKey(std::size_t field) const = 0;
-
-    // Whether a row is in edit.
-    virtual bool inEdit() const = 0;
-    // Whether `Update` would leave Null in a field of the row in edit.
-    virtual bool wouldBeNull(std::size_t field) = 0;
 };
 
 }  // namespace ledgerwick::store
