@@ -11,8 +11,12 @@
 #include "hostkit/explain/answers.h"
 #include "hostkit/explain/look_ahead.h"
 #include "hostkit/history/figures.h"
+#include "hostkit/office/company.h"
 #include "hostkit/office/letters.h"
+#include "hostkit/office/pay_run.h"
 #include "hostkit/office/template_check.h"
+#include "hostkit/recording/recording_database.h"
+#include "hostkit/report/pay_date_page.h"
 
 namespace {
 
@@ -89,6 +93,43 @@ std::unique_ptr<Table> figures(Session& session, std::int32_t naid) {
     return table;
 }
 
+const char* wordFor(recording::ChangeKind kind) {
+    switch (kind) {
+        case recording::ChangeKind::Added:
+            return "added";
+        case recording::ChangeKind::Changed:
+            return "changed";
+        default:
+            return "removed";
+    }
+}
+
+// The step is taken on a session of its own, by the code that would take it, and taken back.
+std::unique_ptr<Table> planned(Session& session, std::int32_t step, const office::Selection& run) {
+    const auto recording = std::make_shared<RecordingDatabase>(session.sharedDatabase());
+    HostSession apart(recording, session.host().state().g_dtmToday());
+    office::loadEmployed(apart);
+    auto table = std::make_unique<Table>(
+        std::vector<std::string>{"naid", "name", "change", "table", "key", "field", "from", "to"});
+    session.database().rehearse([&] {
+        if (step == LEDGERWICK_PLAN_OPEN) {
+            office::openRun(apart, run);
+        } else {
+            office::markCalculated(apart, run);
+            office::closeRun(apart, run);
+        }
+        for (const recording::RowChange& change : recording->changes()) {
+            const auto employee = apart.list().GetEmployeeByNAID(change.naid);
+            for (const recording::FieldChange& field : change.fields) {
+                table->add({change.naid, employee ? employee->Name() : std::string(),
+                            wordFor(change.kind), change.table, change.key, field.field, field.from,
+                            field.to});
+            }
+        }
+    });
+    return table;
+}
+
 std::string contentOf(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     if (!in) raise(LEDGERWICK_NO_SUCH_FILE, "ledgerwick_ae_check_template", path);
@@ -122,6 +163,36 @@ std::int32_t ledgerwick_audit(ledgerwick_session* session, ledgerwick_table** ou
         auto table = audited(sessionIn(session));
         sessionIn(session);  // in force again
         giveHandle(out, std::move(table));
+    });
+}
+
+std::int32_t ledgerwick_run_plan(ledgerwick_session* session, std::int32_t step,
+                                 ledgerwick_date pay_date, std::int32_t frequency,
+                                 std::int32_t group, std::int32_t naid, ledgerwick_table** out,
+                                 ledgerwick_error* error) {
+    return call(error, [&] {
+        constexpr std::string_view here = "ledgerwick_run_plan";
+        needHandle(out, here);
+        Session& company = sessionIn(session);
+        if (step != LEDGERWICK_PLAN_OPEN && step != LEDGERWICK_PLAN_CLOSE) {
+            raise(LEDGERWICK_INVALID_CALL, here, "step " + std::to_string(step));
+        }
+        if (naid != 0) company.employee(naid);
+        auto table = planned(
+            company, step, {dateNeeded(pay_date, here), frequencyIn(frequency, true), group, naid});
+        sessionIn(session);  // in force again
+        giveHandle(out, std::move(table));
+    });
+}
+
+std::int32_t ledgerwick_report(ledgerwick_session* session, ledgerwick_date pay_date,
+                               const char* company, const char** html, ledgerwick_error* error) {
+    return call(error, [&] {
+        constexpr std::string_view here = "ledgerwick_report";
+        Session& opened = sessionIn(session);
+        const char* const kept = opened.keepText(
+            report::payDatePage(opened.host(), textIn(company, here), dateNeeded(pay_date, here)));
+        give(html, kept);
     });
 }
 

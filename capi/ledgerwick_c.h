@@ -501,6 +501,24 @@ LEDGERWICK_C_API int32_t ledgerwick_pay_dates(ledgerwick_session* session, int32
 LEDGERWICK_C_API int32_t ledgerwick_figures(ledgerwick_session* session, int32_t naid,
                                             ledgerwick_table** out, ledgerwick_error* error);
 
+// The steps of a run that can be planned.
+enum {
+    LEDGERWICK_PLAN_OPEN = 0,  // ledgerwick_run_open
+    LEDGERWICK_PLAN_CLOSE = 1  // ledgerwick_run_mark_calculated and ledgerwick_run_close
+};
+// Field by field what a step of a run would write; nothing is written.
+// Shape:  naid, name, change ("added", "changed", "removed"), table, key, field, from, to.
+// Errors: those of the step; 5 for an unknown one.
+LEDGERWICK_C_API int32_t ledgerwick_run_plan(ledgerwick_session* session, int32_t step,
+                                             ledgerwick_date pay_date, int32_t frequency,
+                                             int32_t group, int32_t naid, ledgerwick_table** out,
+                                             ledgerwick_error* error);
+// A pay date on one page of HTML that needs nothing from elsewhere: the run, who is due and why,
+// gaps, auto-enrolment, the year drawn. `company` is the name in its heading.
+LEDGERWICK_C_API int32_t ledgerwick_report(ledgerwick_session* session, ledgerwick_date pay_date,
+                                           const char* company, const char** html,
+                                           ledgerwick_error* error);
+
 // ---- what falls due -----------------------------------------------------------------------------
 // Of the regular employees who are employed now. `none` becomes 1 when nobody was found.
 

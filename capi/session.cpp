@@ -99,26 +99,26 @@ Session::Session(const std::string& path, Date today, const store::OpenOptions& 
 }
 
 void Session::beginTransaction() {
-    if (inTransaction_) raise(LEDGERWICK_INVALID_CALL, transaction, "one has begun already");
-    database_->exec("BEGIN IMMEDIATE");
-    inTransaction_ = true;
+    if (transaction_) raise(LEDGERWICK_INVALID_CALL, transaction, "one has begun already");
+    transaction_ = std::make_unique<store::CompanyStore::Transaction>(*database_);
 }
 
 void Session::endTransaction(bool keep) {
-    if (!inTransaction_) raise(LEDGERWICK_INVALID_CALL, transaction, "none has begun");
-    inTransaction_ = false;
+    if (!transaction_) raise(LEDGERWICK_INVALID_CALL, transaction, "none has begun");
+    auto ending = std::move(transaction_);
     try {
-        if (keep) return database_->exec("COMMIT");
+        if (keep) return ending->keep();
     } catch (...) {
-        takeBack();
+        ending.reset();
+        followDatabase();
         throw;
     }
-    takeBack();
+    ending.reset();
+    followDatabase();
 }
 
-// What is in memory follows.
-void Session::takeBack() {
-    database_->exec("ROLLBACK");
+// What is in memory follows what was taken back.
+void Session::followDatabase() {
     host_->parameters().Reload();
     host_->state().ReloadYearEnds();
     if (list().EmployeeCount() > 0) office::loadEmployed(*host_);

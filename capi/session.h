@@ -53,13 +53,13 @@ class Session : public Held {
     }
 
   private:
-    void takeBack();
+    void followDatabase();
 
-    bool inTransaction_ = false;
     std::map<std::string_view, std::vector<std::string>> fields_;
     std::string message_;
     std::string text_;
     std::shared_ptr<store::CompanyStore> database_;
+    std::unique_ptr<store::CompanyStore::Transaction> transaction_;
     std::unique_ptr<HostSession> host_;
 };
 

@@ -18,14 +18,26 @@ void requireCompany(Database& database) {
 HostSession::HostSession(const std::string& company, Date today, HostSettings settings)
     : HostSession(store::open(company), today, std::move(settings)) {}
 
-HostSession::HostSession(std::shared_ptr<Database> database, Date today, HostSettings settings)
+namespace {
+
+ObjectRef either(ObjectRef hosts, ObjectRef kits) {
+    return hosts ? std::move(hosts) : std::move(kits);
+}
+
+}  // namespace
+
+HostSession::HostSession(std::shared_ptr<Database> database, Date today, HostSettings settings,
+                         const HostServices& services)
     : database_((requireCompany(*database), std::move(database))),
       parameters_(std::make_shared<KitParameters>(database_)) {
     const std::string programPath = settings.programPath;
     state_ = std::make_shared<KitHostState>(database_, parameters_, today, std::move(settings));
-    global_ = std::make_shared<KitGlobal>(programPath);
-    programFunctions_ = std::make_shared<KitProgramFunctions>(parameters_);
-    fileFunctions_ = std::make_shared<KitFileFunctions>(programPath);
+    g_ = either(services.state, state_);
+    global_ = either(services.global, std::make_shared<KitGlobal>(programPath));
+    programFunctions_ =
+        either(services.programFunctions, std::make_shared<KitProgramFunctions>(parameters_));
+    fileFunctions_ =
+        either(services.fileFunctions, std::make_shared<KitFileFunctions>(programPath));
     list_ = std::make_shared<CEmployeeList>();
     identify_ = std::make_shared<Identify>();
     putInForce();
@@ -43,12 +55,12 @@ HostSession::~HostSession() {
 }
 
 bool HostSession::isInForce() const {
-    return DLLGlobal::references().g == state_;
+    return DLLGlobal::references().g == g_;
 }
 
 void HostSession::putInForce() {
     identify_->SetCallerGlobal(global_);
-    identify_->Setg(state_);
+    identify_->Setg(g_);
     identify_->Setpf(programFunctions_);
     identify_->Setfp(fileFunctions_);
     identify_->SetEmployeeList(list_);

@@ -26,15 +26,19 @@ KitHostState::KitHostState(std::shared_ptr<Database> database,
       parameters_(std::move(parameters)),
       today_(today),
       settings_(std::move(settings)) {
-    const std::string& pcId = settings_.pcId;
-    if (!std::all_of(pcId.begin(), pcId.end(), canStandInTableName)) {
-        raise(error_number::invalidCall, "KitHostState", "workstation \"" + pcId + "\"");
-    }
+    g_strPCID(std::string(settings_.pcId));
     if (!settings_.customerFunctions) {
         settings_.customerFunctions = std::make_shared<KitCustomerFunctions>();
     }
     control_ = database_->OpenRecordset("SELECT * FROM PRControl", RecordsetType::Dynaset);
     ReloadYearEnds();
+}
+
+void KitHostState::g_strPCID(const std::string& pcId) {
+    if (!std::all_of(pcId.begin(), pcId.end(), canStandInTableName)) {
+        raise(error_number::invalidCall, "KitHostState", "workstation \"" + pcId + "\"");
+    }
+    settings_.pcId = pcId;
 }
 
 Recordset& KitHostState::g_rsPRControl() {

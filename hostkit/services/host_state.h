@@ -46,7 +46,10 @@ class LEDGERWICK_HOSTKIT_API KitHostState : public HostState {
     void g_dtmToday(Date today) { today_ = today; }  // moves on to another day
     std::int16_t g_iAEPRPStartDay() override;
     std::string g_strPCID() override { return settings_.pcId; }
+    // Errors: 5 for one that cannot stand in the name of a table.
+    void g_strPCID(const std::string& pcId);
     std::string g_strProgName() override { return settings_.programName; }
+    void g_strProgName(const std::string& name) { settings_.programName = name; }
     std::string strCurFormat() override;
     bool g_blnPRSchUp() override { return prSchUp_; }
     void g_blnPRSchUp(bool value) override { prSchUp_ = value; }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "ledgerwick/values/error.h"
+#include "ledgerwick/values/text.h"
 
 namespace ledgerwick {
 
@@ -55,6 +56,14 @@ void KitParameters::Set(std::string_view name, const Variant& value) {
     rows->Update();
     rows->Close();
     values_[wanted] = Variant(value.toText());
+}
+
+void KitParameters::Remove(std::string_view name) {
+    if (!Has(name)) return;
+    database_->Execute(
+        "DELETE FROM Parameters WHERE ParName = '" + replaceAll(name, "'", "''") + "'",
+        failOnError);
+    values_.erase(lowerCase(name));
 }
 
 void KitParameters::Reload() {

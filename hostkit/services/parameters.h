@@ -34,6 +34,9 @@ class LEDGERWICK_HOSTKIT_API KitParameters {
     // Stores the value in the table and in memory.
     void Set(std::string_view name, const Variant& value);
 
+    // Removes a parameter from the table and from memory; nothing when it is not there.
+    void Remove(std::string_view name);
+
     // Reads every parameter again.
     void Reload();
 

@@ -81,15 +81,34 @@ class LEDGERWICK_HOSTKIT_API CompanyStore : public Database {
     // inside another is a part of it that can fail on its own.
     template <class Work>
     void inTransaction(Work&& work) {
-        const bool outermost = beginTransaction();
-        try {
-            work();
-            commit(outermost);
-        } catch (...) {
-            rollBack(outermost);
-            throw;
-        }
+        Transaction transaction(*this);
+        work();
+        transaction.keep();
     }
+
+    // A transaction for one whose work is not a single function: it is taken back at the end of
+    // the object, unless `keep` has stored it.
+    class Transaction {
+      public:
+        explicit Transaction(CompanyStore& store)
+            : store_(store), outermost_(store.beginTransaction()) {}
+        ~Transaction() {
+            if (isOpen_) store_.rollBack(outermost_);
+        }
+        Transaction(const Transaction&) = delete;
+        Transaction& operator=(const Transaction&) = delete;
+
+        // Stores what was written. When it fails, the end of the object takes it back.
+        void keep() {
+            store_.commit(outermost_);
+            isOpen_ = false;
+        }
+
+      private:
+        CompanyStore& store_;
+        bool outermost_;
+        bool isOpen_ = true;
+    };
 
     // Runs `work` in a transaction and takes all of its writes back, whether it throws or not. Until
     // then other readers are not held up, while another writer waits.

@@ -392,7 +392,14 @@ class Questions(unittest.TestCase):
                               company.pay_dates(2026))
                 last = [row for row in company.figures(101) if row.figure == "last_pay"][-1]
                 self.assertEqual(last.value, company.employee(101).last_pay)
-                self.assertTrue(company.open_run(day).unchecked)
+                plan = company.plan_open(day)
+                self.assertEqual(len(company.run_rows(day)), 0)
+                self.assertIn("A name & Co.".replace("&", "&amp;"),
+                              company.report(day, "A name & Co."))
+                run = company.open_run(day)
+                self.assertTrue(run.unchecked)
+                added = {row.key for row in plan if row.table == "PRPay" and row.change == "added"}
+                self.assertEqual(added, set(run.column("prpid")))
                 company.export_folder(Path(folder) / "out")
                 with self.assertRaises(LedgerwickError) as raised:
                     company.import_folder(Path(folder) / "out")

@@ -178,6 +178,8 @@ CALLS = {
     "date_of_week": "hiI",
     "calculation_set": "hiI",
     "audit": "hH",
+    "run_plan": "hiiiiiH",
+    "report": "hisS",
     "explain": "hiiH",
     "pay_dates": "hiiH",
     "figures": "hiH",

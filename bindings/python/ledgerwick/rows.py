@@ -244,3 +244,17 @@ class FaultRow(Row):
     line: int
     column: int
     fault: str
+
+
+class ChangeRow(Row):
+    """A field that a step of a run would write."""
+
+    __slots__ = ()
+    naid: int
+    name: str
+    change: str
+    table: str
+    key: Optional[int]
+    field: str
+    # "from" is a word of Python's own: row["from"]
+    to: Any

@@ -32,6 +32,7 @@ from .rows import (
     MissingRow,
     OpenRow,
     AnswerRow,
+    ChangeRow,
     CountRow,
     FaultRow,
     FigureRow,
@@ -295,6 +296,39 @@ class Session:
         []
         """
         return self._table(FindingRow, "audit")
+
+    def plan_open(
+        self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
+    ) -> Table[ChangeRow]:
+        """Field by field what `open_run` would write; nothing is written.
+
+        >>> set(company.plan_open(date(2016, 4, 8)).column("change"))
+        {'added'}
+        """
+        return self._plan(0, pay_date, frequency, group, naid)
+
+    def plan_close(
+        self, pay_date: date, frequency: int = Frequency.ALL, *, group: int = 0, naid: int = 0
+    ) -> Table[ChangeRow]:
+        """Field by field what `mark_calculated` and `close_run` would write; nothing is written.
+
+        >>> run = company.open_run(date(2016, 4, 8))
+        >>> set(company.plan_close(date(2016, 4, 8), naid=1).column("change"))
+        {'changed'}
+        """
+        return self._plan(1, pay_date, frequency, group, naid)
+
+    def _plan(self, step: int, pay_date: date, *which: int) -> Table[ChangeRow]:
+        return self._table(ChangeRow, "run_plan", step, date_out(pay_date), *which)
+
+    def report(self, pay_date: date, name: str = "") -> str:
+        """A pay date on one page of HTML: the run, who is due and why, gaps, the year drawn.
+
+        >>> page = company.report(date(2016, 4, 8), "Mill Ltd")
+        >>> "Mill Ltd" in page
+        True
+        """
+        return str(self._call("report", date_out(pay_date), text(name))[0])
 
     def explain(self, day: date, frequency: int = Frequency.ALL) -> Table[AnswerRow]:
         """Why a date is what it is: week, month, periods, the dates that come next, and the rules.
