@@ -74,11 +74,12 @@ enum {
     LEDGERWICK_NULL = 91,            // NULL where an argument is needed; an unknown employee
     LEDGERWICK_NO_SUCH_ROW = 3021,   // a key that the table does not have
     LEDGERWICK_NO_SUCH_NAME = 3265,  // of a table, a field, a column or a parameter
-    LEDGERWICK_CLOSED = 3420,        // a handle that was closed, or never opened
-    LEDGERWICK_NOT_UTF8 = 20001,     // a text that was handed in
+    LEDGERWICK_BUSY = 3218,          // another program is writing: the same call again
+    LEDGERWICK_NOT_A_COMPANY = 3343,  // a file that is no database, or has none of the tables
+    LEDGERWICK_CLOSED = 3420,         // a handle that was closed, or never opened
+    LEDGERWICK_NOT_UTF8 = 20001,      // a text that was handed in
     LEDGERWICK_WRONG_THREAD = 20002,  // a handle that another thread opened
-    LEDGERWICK_BAD_FILES = 20005,     // files of an import with faults, a line for each
-    LEDGERWICK_NOT_A_COMPANY = 20006  // a file that is no database, or has none of the tables
+    LEDGERWICK_BAD_FILES = 20005      // files of an import with faults, a line for each
 };
 
 // Longer texts are cut, never within a character. No text holds a statement of the database.
@@ -142,7 +143,7 @@ typedef struct ledgerwick_options {
 
 // Opens a company. Nothing is loaded yet. The library reads no clock: `today` is what the caller
 // says.
-// Errors: 53 when there is no such file, 20006 for one that holds no company; those of the database.
+// Errors: 53 when there is no such file, 3343 for one that holds no company; those of the database.
 LEDGERWICK_C_API int32_t ledgerwick_session_open(const char* path, ledgerwick_date today,
                                                  const ledgerwick_options* options,
                                                  ledgerwick_session** session,

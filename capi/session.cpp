@@ -74,18 +74,15 @@ std::shared_ptr<store::CompanyStore> openExisting(const std::string& path,
                                                   const store::OpenOptions& options) {
     registerStores();
     if (!store::exists(path)) raise(LEDGERWICK_NO_SUCH_FILE, opening, path);
-    std::shared_ptr<store::CompanyStore> company;
     try {
-        company = store::open(path, options);
-        if (!company->tableExists("PRControl")) company = nullptr;
+        auto company = store::open(path, options);
+        requireCompany(*company);
+        return company;
     } catch (const Error& failure) {
-        if (failure.Description().find("not a database") == std::string::npos) throw;
-    }
-    if (!company) {
+        if (failure.Number() != LEDGERWICK_NOT_A_COMPANY) throw;
         throw Error(LEDGERWICK_NOT_A_COMPANY, std::string(opening),
                     path + " holds no company; ledgerwick_company_create makes one");
     }
-    return company;
 }
 
 }  // namespace

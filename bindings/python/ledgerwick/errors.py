@@ -130,7 +130,6 @@ _BY_NUMBER: Dict[int, Type[LedgerwickError]] = {
     20003: WrongThread,
     20004: NotLoaded,
     20005: BadFiles,
-    20006: NotACompany,
 }
 
 
