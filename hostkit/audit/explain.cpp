@@ -47,13 +47,14 @@ int fit(const Finding& finding, const Error& error) {
     return sameNumber || sameRow || sameEmployee ? 2 : 1;
 }
 
-std::string sentence(const Finding& finding) {
+// A finding that only repeats the failure adds its place and the advice.
+std::string sentence(const Finding& finding, const Error& error) {
     std::string text = " ";
     if (finding.naid != 0) text += "Employee " + std::to_string(finding.naid) + ", ";
     text += finding.naid != 0 ? "table " : "Table ";
     text += finding.table;
     if (!finding.key.empty()) text += ", row " + finding.key;
-    text += ": " + finding.what;
+    if (finding.what.find(error.Description()) == std::string::npos) text += ": " + finding.what;
     if (text.back() != '.') text += '.';
     return text.append(adviceMark).append(finding.kind->advice) + ".";
 }
@@ -77,7 +78,7 @@ Error explained(const Error& error) {
     std::string text = error.Description();
     if (text.empty() || text.back() != '.') text += '.';
     for (std::size_t i = 0; i < std::min(findings.size(), mostTold); ++i) {
-        text += sentence(findings[i]);
+        text += sentence(findings[i], error);
     }
     if (findings.size() > mostTold) {
         text += " An audit tells of " + std::to_string(findings.size() - mostTold) + " more.";
