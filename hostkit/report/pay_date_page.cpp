@@ -133,8 +133,10 @@ Table statusOf(HostSession& session, Date upTo) {
     ResultTable result =
         session.payroll().GetAEStatus(upTo, DLLGlobal::currentPayrollYear(), true, 0);
     result.Sort("NameSort");
-    std::vector<std::string> columns;
-    for (std::int32_t i = 0; i < result.FieldCount(); ++i) columns.push_back(result.Field(i).name);
+    // What a person asks about a worker; the keys, orders and categories of the table are for programs.
+    const std::vector<std::string> columns{
+        "NAID",       "Name",       "StaffNo",         "PeriodRate",     "Scheme",
+        "JoinedDate", "OptOutDate", "FirstAssessDate", "PrevAssessDate", "NextAssessDate"};
     Table table("status", columns);
     if (result.RecordCount() == 0) return table;
     for (result.MoveFirst(); !result.Eof(); result.MoveNext()) {
