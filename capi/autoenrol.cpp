@@ -47,7 +47,7 @@ std::int32_t ledgerwick_ae_status(ledgerwick_session* session, ledgerwick_date u
                                   ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         if (naid != 0) company.employee(naid);
         ResultTable result = company.payroll().GetAEStatus(dateNeeded(up_to, here), payroll_year,
                                                            !flagIn(open_rows, here), naid);
@@ -60,7 +60,7 @@ std::int32_t ledgerwick_ae_employees(ledgerwick_session* session, std::int32_t f
                                      ledgerwick_table** out, ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        ResultTable result = sessionIn(session).payroll().C_ActiveEmployees(flagIn(full, here));
+        ResultTable result = loadedIn(session).payroll().C_ActiveEmployees(flagIn(full, here));
         giveHandle(out, tableOf(result));
     });
 }
@@ -71,21 +71,21 @@ std::int32_t ledgerwick_ae_assessment(ledgerwick_session* session, std::int32_t 
                                       ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        giveHandle(out, assessment(sessionIn(session), naid, dateNeeded(up_to, here), payroll_year,
+        giveHandle(out, assessment(loadedIn(session), naid, dateNeeded(up_to, here), payroll_year,
                                    flagIn(open_rows, here)));
     });
 }
 
 std::int32_t ledgerwick_ae_scheme_changed(ledgerwick_session* session, std::int32_t scheme,
                                           ledgerwick_error* error) {
-    return call(error, [&] { sessionIn(session).payroll().C_PenWorkplaceSchemeUpdate(scheme); });
+    return call(error, [&] { loadedIn(session).payroll().C_PenWorkplaceSchemeUpdate(scheme); });
 }
 
 std::int32_t ledgerwick_ae_re_enrolment_changed(ledgerwick_session* session, ledgerwick_date from,
                                                 ledgerwick_date to, ledgerwick_error* error) {
     return call(error, [&] {
-        sessionIn(session).payroll().C_ReEnrolDateChanged(dateNeeded(from, here),
-                                                          dateNeeded(to, here));
+        loadedIn(session).payroll().C_ReEnrolDateChanged(dateNeeded(from, here),
+                                                         dateNeeded(to, here));
     });
 }
 
@@ -93,7 +93,7 @@ std::int32_t ledgerwick_ae_recipients(ledgerwick_session* session, std::int32_t 
                                       ledgerwick_table** out, ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         auto table = std::make_unique<Table>(std::vector<std::string>{"naid", "name"});
         for (const auto& worker : office::recipients(company.host(), letterIn(letter))) {
             table->add({worker->NAID(), worker->Name()});
@@ -105,7 +105,7 @@ std::int32_t ledgerwick_ae_recipients(ledgerwick_session* session, std::int32_t 
 std::int32_t ledgerwick_ae_letter(ledgerwick_session* session, std::int32_t naid,
                                   std::int32_t letter, const char** text, ledgerwick_error* error) {
     return call(error, [&] {
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         const PR_AE_LETTER_TYPES type = letterIn(letter);
         const std::string whole = office::letterTo(company.host(), *company.employee(naid), type);
         if (whole.empty()) {

@@ -3,6 +3,7 @@
 #include "capi/session.h"
 #include "capi/table.h"
 #include "hostkit/office/employments.h"
+#include "hostkit/office/up_to_date.h"
 
 namespace {
 
@@ -127,6 +128,7 @@ std::unique_ptr<Table> employments(Session& session, std::int32_t naid, const ch
 }
 
 void moveNextDates(Session& session, std::int32_t naid, Date pay, Date periodEnd) {
+    office::bringUpToDate(session.host(), naid);
     const auto employment = session.employee(naid)->CurEmployment();
     if (employment->LastUD_PRPID() == 0) {
         raise(
@@ -144,7 +146,7 @@ void moveNextDates(Session& session, std::int32_t naid, Date pay, Date periodEnd
 std::int32_t ledgerwick_count(ledgerwick_session* session, std::int32_t* all, std::int32_t* regular,
                               std::int32_t* casual, ledgerwick_error* error) {
     return call(error, [&] {
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         give(all, company.list().EmployeeCount());
         give(regular, company.payroll().C_Count_Employees(PR_ET_Regular));
         give(casual, company.payroll().C_Count_Employees(PR_ET_Casual));
@@ -161,7 +163,7 @@ std::int32_t ledgerwick_employees_select(ledgerwick_session* session, std::int32
                                          ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        giveHandle(out, employees(sessionIn(session), naid, columns));
+        giveHandle(out, employees(loadedIn(session), naid, columns));
     });
 }
 
@@ -175,7 +177,7 @@ std::int32_t ledgerwick_employments_select(ledgerwick_session* session, std::int
                                            ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        giveHandle(out, employments(sessionIn(session), naid, columns));
+        giveHandle(out, employments(loadedIn(session), naid, columns));
     });
 }
 
@@ -185,7 +187,7 @@ std::int32_t ledgerwick_employment_add(ledgerwick_session* session, std::int32_t
                                        ledgerwick_date first_pay, ledgerwick_date first_period_end,
                                        std::int32_t* prtid, ledgerwick_error* error) {
     return call(error, [&] {
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         office::NewEmployment details;
         details.naid = naid;
         details.start = dateNeeded(start, here);
@@ -204,7 +206,7 @@ std::int32_t ledgerwick_employment_add(ledgerwick_session* session, std::int32_t
 std::int32_t ledgerwick_employment_end(ledgerwick_session* session, std::int32_t naid,
                                        ledgerwick_date last_day, ledgerwick_error* error) {
     return call(error, [&] {
-        office::endEmployment(sessionIn(session).host(), naid, dateNeeded(last_day, here));
+        office::endEmployment(loadedIn(session).host(), naid, dateNeeded(last_day, here));
     });
 }
 
@@ -212,6 +214,9 @@ std::int32_t ledgerwick_set_next_dates(ledgerwick_session* session, std::int32_t
                                        ledgerwick_date pay, ledgerwick_date period_end,
                                        ledgerwick_error* error) {
     return call(error, [&] {
-        moveNextDates(sessionIn(session), naid, dateIn(pay, here), dateIn(period_end, here));
+        Session& company = loadedIn(session);
+        inOneBatch(company.database(), [&] {
+            moveNextDates(company, naid, dateIn(pay, here), dateIn(period_end, here));
+        });
     });
 }

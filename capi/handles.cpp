@@ -1,11 +1,14 @@
 #include "capi/handles.h"
 
+#include <limits>
 #include <mutex>
+#include <random>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "capi/ledgerwick_c.h"
+#include "hostkit/services/process.h"
 #include "ledgerwick/host/dll_global.h"
 #include "ledgerwick/values/error.h"
 
@@ -18,6 +21,7 @@ class Tokens {
   public:
     Token next() {
         const std::lock_guard lock(mutex_);
+        if (process_ != processNumber()) beginAnywhere();
         last_ += step;
         open_.insert(last_);
         return last_;
@@ -34,8 +38,16 @@ class Tokens {
   private:
     static constexpr Token step = 8;  // handles look like the aligned pointers that they are not
 
+    void beginAnywhere() {
+        constexpr Token places = std::numeric_limits<Token>::max() / 4 / step;
+        std::random_device draw;
+        last_ = std::uniform_int_distribution<Token>(0, places)(draw) * step;
+        process_ = processNumber();
+    }
+
     std::mutex mutex_;
     Token last_ = 0;
+    int process_ = 0;  // in which `last_` counts
     std::unordered_set<Token> open_;
 };
 
@@ -45,6 +57,11 @@ Tokens& tokens() {
     return all;
 }
 
+struct Kept {
+    std::unique_ptr<Held> object;
+    int process;  // that opened it
+};
+
 class ObjectsOfThread {
   public:
     // The library's references of this thread are made first, so that they outlive the sessions.
@@ -52,10 +69,14 @@ class ObjectsOfThread {
     ObjectsOfThread(const ObjectsOfThread&) = delete;
     ObjectsOfThread& operator=(const ObjectsOfThread&) = delete;
     ~ObjectsOfThread() {
-        for (const auto& entry : objects) tokens().remove(entry.first);
+        for (auto& [token, kept] : objects) {
+            tokens().remove(token);
+            // What a forked child inherits is the parent's to close.
+            if (kept.process != processNumber()) static_cast<void>(kept.object.release());
+        }
     }
 
-    std::unordered_map<Token, std::unique_ptr<Held>> objects;
+    std::unordered_map<Token, Kept> objects;
 };
 
 auto& objectsOfThread() {
@@ -67,7 +88,12 @@ auto find(Token token, std::string_view what) {
     const std::string source = "ledgerwick_" + std::string(what);
     if (token == 0) raise(LEDGERWICK_NULL, source, "the handle is NULL");
     const auto found = objectsOfThread().find(token);
-    if (found != objectsOfThread().end()) return found;
+    if (found != objectsOfThread().end()) {
+        if (found->second.process == processNumber()) return found;
+        throw Error(LEDGERWICK_WRONG_PROCESS, source,
+                    "The " + std::string(what) +
+                        " belongs to the process that opened it; a forked child opens its own");
+    }
     if (tokens().contains(token)) {
         throw Error(LEDGERWICK_WRONG_THREAD, source,
                     "The " + std::string(what) + " belongs to another thread");
@@ -81,7 +107,7 @@ Token keep(std::unique_ptr<Held> object) {
     auto& objects = objectsOfThread();
     const Token token = tokens().next();
     try {
-        objects.emplace(token, std::move(object));
+        objects.emplace(token, Kept{std::move(object), processNumber()});
     } catch (...) {
         tokens().remove(token);
         throw;
@@ -90,12 +116,13 @@ Token keep(std::unique_ptr<Held> object) {
 }
 
 Held& held(Token token, std::string_view what) {
-    return *find(token, what)->second;
+    return *find(token, what)->second.object;
 }
 
 void release(Token token, std::string_view what) {
     const auto found = find(token, what);
-    const std::unique_ptr<Held> object = std::move(found->second);  // goes when it is off the map
+    const std::unique_ptr<Held> object =
+        std::move(found->second.object);  // goes when it is off the map
     objectsOfThread().erase(found);
     tokens().remove(token);
 }

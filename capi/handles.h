@@ -13,12 +13,14 @@ class Held {
     virtual ~Held() = default;
 };
 
-// The number behind a handle, never 0. No number is given twice.
+// The number behind a handle, never 0. No number is given twice; those of two processes have
+// nothing in common, so that a handle that came from another process leads nowhere.
 using Token = std::uintptr_t;
 
 // Gives the object to this thread, until it is released or the thread ends.
 Token keep(std::unique_ptr<Held> object);
-// Errors: 91 for 0, 20002 for an object of another thread, 3420 for one that is none.
+// Errors: 91 for 0, 20002 for an object of another thread, 20003 for one of the parent of a forked
+//         child, 3420 for one that is none.
 Held& held(Token token, std::string_view what);
 // Errors: as above.
 void release(Token token, std::string_view what);

@@ -161,7 +161,6 @@ std::int32_t ledgerwick_audit(ledgerwick_session* session, ledgerwick_table** ou
     return call(error, [&] {
         needHandle(out, "ledgerwick_audit");
         auto table = audited(sessionIn(session));
-        sessionIn(session);  // in force again
         giveHandle(out, std::move(table));
     });
 }
@@ -213,7 +212,7 @@ std::int32_t ledgerwick_pay_dates(ledgerwick_session* session, std::int32_t tax_
     return call(error, [&] {
         constexpr std::string_view here = "ledgerwick_pay_dates";
         needHandle(out, here);
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         constexpr std::int32_t most = 100;
         if (tax_year < firstTaxYear || years < 0 || years > most || tax_year > lastTaxYear) {
             raise(LEDGERWICK_INVALID_CALL, here,
@@ -227,7 +226,7 @@ std::int32_t ledgerwick_figures(ledgerwick_session* session, std::int32_t naid,
                                 ledgerwick_table** out, ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, "ledgerwick_figures");
-        giveHandle(out, figures(sessionIn(session), naid));
+        giveHandle(out, figures(loadedIn(session), naid));
     });
 }
 

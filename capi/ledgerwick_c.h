@@ -73,13 +73,16 @@ enum {
     LEDGERWICK_FILE_EXISTS = 58,     // a company that would be made where there is a file
     LEDGERWICK_NULL = 91,            // NULL where an argument is needed; an unknown employee
     LEDGERWICK_NO_SUCH_ROW = 3021,   // a key that the table does not have
-    LEDGERWICK_NO_SUCH_NAME = 3265,  // of a table, a field, a column or a parameter
+    LEDGERWICK_CHANGED = 3197,       // another program changed what the call rests on: load again
     LEDGERWICK_BUSY = 3218,          // another program is writing: the same call again
-    LEDGERWICK_NOT_A_COMPANY = 3343,  // a file that is no database, or has none of the tables
-    LEDGERWICK_CLOSED = 3420,         // a handle that was closed, or never opened
-    LEDGERWICK_NOT_UTF8 = 20001,      // a text that was handed in
-    LEDGERWICK_WRONG_THREAD = 20002,  // a handle that another thread opened
-    LEDGERWICK_BAD_FILES = 20005      // files of an import with faults, a line for each
+    LEDGERWICK_NO_SUCH_NAME = 3265,  // of a table, a field, a column or a parameter
+    LEDGERWICK_NOT_A_COMPANY = 3343,   // a file that is no database, or has none of the tables
+    LEDGERWICK_CLOSED = 3420,          // a handle that was closed, or never opened
+    LEDGERWICK_NOT_UTF8 = 20001,       // a text that was handed in
+    LEDGERWICK_WRONG_THREAD = 20002,   // a handle that another thread opened
+    LEDGERWICK_WRONG_PROCESS = 20003,  // a handle of the parent, in a forked child
+    LEDGERWICK_NOT_LOADED = 20004,     // a call on employees before ledgerwick_load
+    LEDGERWICK_BAD_FILES = 20005       // files of an import with faults, a line for each
 };
 
 // Longer texts are cut, never within a character. No text holds a statement of the database.
@@ -187,7 +190,7 @@ LEDGERWICK_C_API int32_t ledgerwick_transaction_end(ledgerwick_session* session,
 // stored; a row whose key is there already is a fault, but for the settings, which it replaces. The
 // loaded employees show the rows after `ledgerwick_load`; `ledgerwick_audit` looks them over.
 // Shape:  table, rows.
-// Errors: 53 when there is no such folder, 20003 with a line for each fault.
+// Errors: 53 when there is no such folder, 20005 with a line for each fault.
 LEDGERWICK_C_API int32_t ledgerwick_import(ledgerwick_session* session, const char* folder,
                                            ledgerwick_table** out, ledgerwick_error* error);
 // Writes every table as a file TABLE.csv into a folder, which is created if need be; files of these

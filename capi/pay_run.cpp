@@ -78,7 +78,7 @@ std::int32_t ledgerwick_next_pay_date(ledgerwick_session* session, std::int32_t 
                                       ledgerwick_error* error) {
     return call(error, [&] {
         bool nobody = false;
-        const Date found = sessionIn(session).payroll().C_Next_Expected_Pay_Date(
+        const Date found = loadedIn(session).payroll().C_Next_Expected_Pay_Date(
             &nobody, frequencyIn(frequency, true), flagIn(highest, here), scheme);
         give(date, dateOut(found));
         give(none, nobody);
@@ -90,7 +90,7 @@ std::int32_t ledgerwick_last_pay_date(ledgerwick_session* session, std::int32_t 
                                       ledgerwick_error* error) {
     return call(error, [&] {
         bool nobody = false;
-        const Date found = sessionIn(session).payroll().C_Last_Expected_Pay_Date(&nobody, scheme);
+        const Date found = loadedIn(session).payroll().C_Last_Expected_Pay_Date(&nobody, scheme);
         give(date, dateOut(found));
         give(none, nobody);
     });
@@ -101,7 +101,7 @@ std::int32_t ledgerwick_next_period_end(ledgerwick_session* session, std::int32_
                                         ledgerwick_error* error) {
     return call(error, [&] {
         bool nobody = false;
-        const Date found = sessionIn(session).payroll().C_Next_Expected_EPE_Date(
+        const Date found = loadedIn(session).payroll().C_Next_Expected_EPE_Date(
             &nobody, frequencyIn(frequency, true));
         give(date, dateOut(found));
         give(none, nobody);
@@ -112,7 +112,7 @@ std::int32_t ledgerwick_open_run_date(ledgerwick_session* session, ledgerwick_da
                                       std::int32_t* none, ledgerwick_error* error) {
     return call(error, [&] {
         bool nothing = false;
-        const Date found = sessionIn(session).payroll().C_Update_Period_Date(&nothing);
+        const Date found = loadedIn(session).payroll().C_Update_Period_Date(&nothing);
         give(date, dateOut(found));
         give(none, nothing);
     });
@@ -124,7 +124,7 @@ std::int32_t ledgerwick_count_due(ledgerwick_session* session, ledgerwick_date d
     return call(error, [&] {
         std::int32_t people = 0;
         std::int32_t all = 0;
-        sessionIn(session).payroll().C_Count_for_Pay_Date(dateNeeded(date, here), &people, &all);
+        loadedIn(session).payroll().C_Count_for_Pay_Date(dateNeeded(date, here), &people, &all);
         give(employees, people);
         give(periods, all);
     });
@@ -134,7 +134,7 @@ std::int32_t ledgerwick_due(ledgerwick_session* session, ledgerwick_date date,
                             ledgerwick_table** out, ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        giveHandle(out, due(sessionIn(session), dateNeeded(date, here)));
+        giveHandle(out, due(loadedIn(session), dateNeeded(date, here)));
     });
 }
 
@@ -142,7 +142,7 @@ std::int32_t ledgerwick_reference_period_end(ledgerwick_session* session, std::i
                                              ledgerwick_date pay_date, ledgerwick_date* last,
                                              ledgerwick_error* error) {
     return call(error, [&] {
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         company.employee(naid);
         const Date end =
             company.payroll().PR_End_of_PRP_for_PayDate(naid, dateNeeded(pay_date, here));
@@ -153,7 +153,7 @@ std::int32_t ledgerwick_reference_period_end(ledgerwick_session* session, std::i
 std::int32_t ledgerwick_last_reference_period_end(ledgerwick_session* session,
                                                   ledgerwick_date* last, ledgerwick_error* error) {
     return call(error, [&] {
-        give(last, dateOut(sessionIn(session).payroll().PR_PRP_Get_Last_End_Date()));
+        give(last, dateOut(loadedIn(session).payroll().PR_PRP_Get_Last_End_Date()));
     });
 }
 
@@ -163,7 +163,7 @@ std::int32_t ledgerwick_run_open(ledgerwick_session* session, ledgerwick_date pa
                                  ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         const office::OpenedRun run =
             office::openRun(company.host(), selectionIn(company, pay_date, frequency, group, naid));
         giveHandle(out, periodsOf(company, run));
@@ -176,7 +176,7 @@ std::int32_t ledgerwick_run_rows(ledgerwick_session* session, ledgerwick_date pa
                                  ledgerwick_table** out, ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         giveHandle(out, openRows(company, selectionIn(company, pay_date, frequency, group, naid)));
     });
 }
@@ -186,7 +186,7 @@ std::int32_t ledgerwick_run_mark_calculated(ledgerwick_session* session, ledgerw
                                             std::int32_t naid, std::int32_t* rows,
                                             ledgerwick_error* error) {
     return call(error, [&] {
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         give(rows, office::markCalculated(company.host(),
                                           selectionIn(company, pay_date, frequency, group, naid)));
     });
@@ -206,7 +206,7 @@ std::int32_t ledgerwick_run_close(ledgerwick_session* session, ledgerwick_date p
                                   ledgerwick_table** out, ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         giveHandle(out, closeRun(company, selectionIn(company, pay_date, frequency, group, naid)));
     });
 }
@@ -215,21 +215,21 @@ std::int32_t ledgerwick_fill_missing_periods(ledgerwick_session* session, ledger
                                              ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        giveHandle(out, fillMissing(sessionIn(session)));
+        giveHandle(out, fillMissing(loadedIn(session)));
     });
 }
 
 std::int32_t ledgerwick_import_pay(ledgerwick_session* session, std::int32_t naid,
                                    ledgerwick_money value, ledgerwick_error* error) {
     return call(error, [&] {
-        Session& company = sessionIn(session);
+        Session& company = loadedIn(session);
         company.employee(naid);
         office::importPay(company.host(), naid, Currency::fromTicks(value));
     });
 }
 
 std::int32_t ledgerwick_load_imported(ledgerwick_session* session, ledgerwick_error* error) {
-    return call(error, [&] { sessionIn(session).list().LoadImportedPay(); });
+    return call(error, [&] { loadedIn(session).list().LoadImportedPay(); });
 }
 
 std::int32_t ledgerwick_piecework(ledgerwick_session* session, std::int32_t naid,
@@ -237,7 +237,7 @@ std::int32_t ledgerwick_piecework(ledgerwick_session* session, std::int32_t naid
                                   ledgerwick_money* total, ledgerwick_error* error) {
     return call(error, [&] {
         needHandle(out, here);
-        const auto employment = sessionIn(session).employee(naid)->CurEmployment();
+        const auto employment = loadedIn(session).employee(naid)->CurEmployment();
         Currency sum;
         ResultTable rows =
             employment->ImportedEarningsRS(dateNeeded(from, here), dateNeeded(to, here), sum);

@@ -118,7 +118,18 @@ void Session::endTransaction(bool keep) {
 void Session::followDatabase() {
     host_->parameters().Reload();
     host_->state().ReloadYearEnds();
-    if (list().EmployeeCount() > 0) office::loadEmployed(*host_);
+    if (loaded_) load();
+}
+
+void Session::load() {
+    loaded_ = false;
+    office::loadEmployed(*host_);
+    loaded_ = true;
+}
+
+void Session::reload(std::int32_t naid) {
+    list().ReLoadEmployee(naid);
+    loaded_ = true;
 }
 
 std::shared_ptr<cEmployee> Session::employee(std::int32_t naid) {
@@ -132,7 +143,16 @@ std::shared_ptr<cEmployee> Session::employee(std::int32_t naid) {
 
 Session& sessionIn(Token token) {
     auto& session = objectOf<Session>(handleOf<ledgerwick_session>(token), "session");
-    if (!session.host().isInForce()) session.host().putInForce();
+    session.host().putInForce();
+    return session;
+}
+
+Session& loadedIn(const ledgerwick_session* handle) {
+    Session& session = sessionIn(handle);
+    if (!session.isLoaded()) {
+        throw Error(LEDGERWICK_NOT_LOADED, "ledgerwick_session",
+                    "Nothing is loaded; call ledgerwick_load first");
+    }
     return session;
 }
 
@@ -186,12 +206,12 @@ std::int32_t ledgerwick_set_today(ledgerwick_session* session, ledgerwick_date t
 }
 
 std::int32_t ledgerwick_load(ledgerwick_session* session, ledgerwick_error* error) {
-    return call(error, [&] { ledgerwick::office::loadEmployed(sessionIn(session).host()); });
+    return call(error, [&] { sessionIn(session).load(); });
 }
 
 std::int32_t ledgerwick_reload(ledgerwick_session* session, std::int32_t naid,
                                ledgerwick_error* error) {
-    return call(error, [&] { sessionIn(session).list().ReLoadEmployee(naid); });
+    return call(error, [&] { sessionIn(session).reload(naid); });
 }
 
 std::int32_t ledgerwick_payroll_year(ledgerwick_session* session, std::int32_t* year,

@@ -29,6 +29,10 @@ class Session : public Held {
     CPayrollFunctions& payroll() noexcept { return host_->payroll(); }
     CEmployeeList& list() noexcept { return host_->list(); }
 
+    // Loads all, or one, in place of what was loaded.
+    void load();
+    void reload(std::int32_t naid);
+    bool isLoaded() const noexcept { return loaded_; }
     // A transaction that goes on from call to call.
     // Errors: 5 when one has begun, or has not.
     void beginTransaction();
@@ -55,6 +59,7 @@ class Session : public Held {
   private:
     void followDatabase();
 
+    bool loaded_ = false;
     std::map<std::string_view, std::vector<std::string>> fields_;
     std::string message_;
     std::string text_;
@@ -68,5 +73,8 @@ Session& sessionIn(Token token);
 inline Session& sessionIn(const ledgerwick_session* handle) {
     return sessionIn(tokenOf(handle));
 }
+// The same for a call that needs the employees.
+// Errors: 20004 before they are loaded.
+Session& loadedIn(const ledgerwick_session* handle);
 
 }  // namespace ledgerwick::c

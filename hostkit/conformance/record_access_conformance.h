@@ -495,17 +495,27 @@ TYPED_TEST_P(RecordAccess, ARowOfDefaultsHoldsNoNull) {
     }
 }
 
-REGISTER_TYPED_TEST_SUITE_P(RecordAccess, AnEmptySetStandsAtItsEnd, WalksBothWaysBetweenItsEnds,
-                            StepsBackByOneRowAnywhere, FindsFieldsInAnyCaseAndRefusesUnknownOnes,
-                            ANewRowHasWhatWasStoredAndTheDefaultsOfItsTable,
-                            ConversionsFailWithTheFieldAsSource,
-                            EditChangesTheTouchedFieldsOfOneRow,
-                            ANewRowStandsAtTheEndAndTheSetStaysWhereItWas, RefusesWhatASetCannotDo,
-                            ASnapshotDoesNotSeeWhatIsWrittenLater, AQueryOpensAgainAndAgain,
-                            AFailingStatementIsAnErrorThatNamesIt, WhatABatchWroteStaysWhenItFails,
-                            RunsEveryStatementOfTheLibrary,
-                            AnUpdatableSetWritesWithoutItsKeyAndReadsOverAJoin,
-                            SortsNullFirstAndTextsWithoutRegardToCase,
-                            TellsOfAMissingTableInsideAndOutsideABatch, ARowOfDefaultsHoldsNoNull);
+// Whether somebody else has written decides whether a loaded list is compared with the database.
+TYPED_TEST_P(RecordAccess, OwnWritesDoNotMoveTheDataVersion) {
+    const std::int64_t before = this->db().DataVersion();
+    inOneBatch(this->db(), [&] {
+        EXPECT_EQ(this->db().DataVersion(), before);
+        this->addCustomers(2);
+        EXPECT_EQ(this->db().DataVersion(), before);
+    });
+    this->run("UPDATE Customers SET NABusName = 'x'");
+    EXPECT_EQ(this->db().DataVersion(), before);
+}
+
+REGISTER_TYPED_TEST_SUITE_P(
+    RecordAccess, AnEmptySetStandsAtItsEnd, WalksBothWaysBetweenItsEnds, StepsBackByOneRowAnywhere,
+    FindsFieldsInAnyCaseAndRefusesUnknownOnes, ANewRowHasWhatWasStoredAndTheDefaultsOfItsTable,
+    ConversionsFailWithTheFieldAsSource, EditChangesTheTouchedFieldsOfOneRow,
+    ANewRowStandsAtTheEndAndTheSetStaysWhereItWas, RefusesWhatASetCannotDo,
+    ASnapshotDoesNotSeeWhatIsWrittenLater, AQueryOpensAgainAndAgain,
+    AFailingStatementIsAnErrorThatNamesIt, WhatABatchWroteStaysWhenItFails,
+    RunsEveryStatementOfTheLibrary, AnUpdatableSetWritesWithoutItsKeyAndReadsOverAJoin,
+    SortsNullFirstAndTextsWithoutRegardToCase, TellsOfAMissingTableInsideAndOutsideABatch,
+    ARowOfDefaultsHoldsNoNull, OwnWritesDoNotMoveTheDataVersion);
 
 }  // namespace ledgerwick::conformance

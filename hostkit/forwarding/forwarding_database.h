@@ -85,6 +85,7 @@ class ForwardingDatabase : public Database {
     void BeginBatch() override { real_.BeginBatch(); }
     void EndBatch() override { real_.EndBatch(); }
     void Announce(std::span<const std::int32_t> keys) override { real_.Announce(keys); }
+    std::int64_t DataVersion() override { return real_.DataVersion(); }
 
   protected:
     // What the library gets in place of a set that was opened by `sql`.

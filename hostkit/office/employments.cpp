@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "hostkit/office/up_to_date.h"
 #include "ledgerwick/values/error.h"
 
 namespace ledgerwick::office {
@@ -88,6 +89,7 @@ bool isEmployed(HostSession& session, std::int32_t naid) {
 
 std::shared_ptr<cEmployment> addEmployment(HostSession& session, const NewEmployment& details) {
     const PR_Pay_Freq frequency = frequencyOf(session.database(), details.naid);
+    bringUpToDate(session, details.naid);
     if (isEmployed(session, details.naid)) {
         raise(error_number::invalidCall, "addEmployment",
               "employee " + std::to_string(details.naid) +
@@ -105,25 +107,28 @@ std::shared_ptr<cEmployment> addEmployment(HostSession& session, const NewEmploy
 }
 
 void endEmployment(HostSession& session, std::int32_t naid, Date lastDay) {
-    const auto employee = session.list().GetEmployeeByNAID(naid);
-    const auto employment = employee ? employee->MostRecentEmployment() : nullptr;
-    if (!employment) {
-        raise(error_number::objectNotSet, "endEmployment", "employee " + std::to_string(naid));
-    }
-    if (employment->EndDate().isSet() || lastDay < employment->PRTStartDate()) {
-        raise(error_number::invalidCall, "endEmployment",
-              "the employment of " + employment->PRTStartDate().toIso() + " cannot end on " +
-                  lastDay.toIso());
-    }
-    const auto rows = session.database().OpenRecordset(
-        "SELECT PRTID, PRTEndDateLong FROM PREmployments WHERE PRTID = " +
-            std::to_string(employment->PRTID()),
-        RecordsetType::Dynaset);
-    rows->Edit();
-    rows->Value(field::PRTEndDateLong, lastDay.dayNumber());
-    rows->Update();
-    rows->Close();
-    session.list().ReLoadEmployee(naid);
+    inOneBatch(session.database(), [&] {
+        bringUpToDate(session, naid);
+        const auto employee = session.list().GetEmployeeByNAID(naid);
+        const auto employment = employee ? employee->MostRecentEmployment() : nullptr;
+        if (!employment) {
+            raise(error_number::objectNotSet, "endEmployment", "employee " + std::to_string(naid));
+        }
+        if (employment->EndDate().isSet() || lastDay < employment->PRTStartDate()) {
+            raise(error_number::invalidCall, "endEmployment",
+                  "the employment of " + employment->PRTStartDate().toIso() + " cannot end on " +
+                      lastDay.toIso());
+        }
+        const auto rows = session.database().OpenRecordset(
+            "SELECT PRTID, PRTEndDateLong FROM PREmployments WHERE PRTID = " +
+                std::to_string(employment->PRTID()),
+            RecordsetType::Dynaset);
+        rows->Edit();
+        rows->Value(field::PRTEndDateLong, lastDay.dayNumber());
+        rows->Update();
+        rows->Close();
+        session.list().ReLoadEmployee(naid);
+    });
 }
 
 }  // namespace ledgerwick::office

@@ -5,6 +5,7 @@
 
 #include "hostkit/office/refusal.h"
 #include "hostkit/office/transaction.h"
+#include "hostkit/office/up_to_date.h"
 #include "ledgerwick/values/error.h"
 
 namespace ledgerwick::office {
@@ -97,6 +98,19 @@ void clearImportedPay(HostSession& session, std::int32_t naid) {
                                failOnError);
 }
 
+// Closes what is open by now, and notes where the employee stands before.
+void closeRows(HostSession& session, Date payDate, ClosedEmployee& each) {
+    if (!bringUpToDate(session, each.naid).empty()) session.list().LoadImportedPay();
+    const auto rows = openRows(session, {.payDate = payDate, .naid = each.naid});
+    if (rows.empty()) return;
+    const auto employment = employeeOf(session, each.naid)->CurEmployment();
+    each.rows = static_cast<std::int32_t>(rows.size());
+    each.nextPayBefore = employment->NExpPayDate();
+    closePiecework(*employment, rows, payDate);
+    session.payroll().C_UpdatePayPeriod(each.naid, payDate);
+    clearImportedPay(session, each.naid);
+}
+
 void markRowsOf(HostSession& session, std::int32_t naid, Date payDate) {
     const std::string status = std::to_string(code::reportedStatus);
     session.database().Execute("UPDATE PRPay SET PRPStatus = " + status +
@@ -133,24 +147,30 @@ std::vector<DueEmployee> dueEmployees(HostSession& session, Date upTo) {
 }
 
 OpenedRun openRun(HostSession& session, const Selection& selection) {
-    refuseWithoutHistory(session, selection);
     Variant columns;
     OpenedRun run;
-    session.payroll().C_InputHoursInit(selection.payDate, selection.frequency, selection.group,
-                                       selection.naid, &columns, &run.uncheckedPiecework);
+    inOneBatch(session.database(), [&] {
+        bringUpToDate(session, selection.naid);
+        refuseWithoutHistory(session, selection);
+        session.payroll().C_InputHoursInit(selection.payDate, selection.frequency, selection.group,
+                                           selection.naid, &columns, &run.uncheckedPiecework);
+    });
     run.periods = periodsOf(columns.array("C_InputHoursInit"));
     if (run.periods.empty()) run.nextPay = nextPayOf(session, selection);
     return run;
 }
 
 std::vector<OpenRow> openRows(HostSession& session, const Selection& selection) {
+    bringUpToDate(session, selection.naid);
     const std::string statement =
         "SELECT PRPID, PRPNAID, PRPWeekNo, PRPPaymentPeriod, PRPPayDate, PRPEPEDate, "
         "PRPPeriodPay, PRPHasBeenVisited, PRPStatus "
         "FROM PRPay "
         "WHERE PRPPaymentPeriod <> 0 AND PRPPeriodUpdated = False "
         "AND PRPPayDate <= " +
-        dateLiteral(selection.payDate) + " ORDER BY " + PaymentsOrderBy();
+        dateLiteral(selection.payDate) +
+        (selection.naid == 0 ? "" : " AND PRPNAID = " + std::to_string(selection.naid)) +
+        " ORDER BY " + PaymentsOrderBy();
     const auto rows = session.database().OpenRecordset(statement, RecordsetType::Snapshot);
     std::vector<OpenRow> found;
     for (; !rows->Eof(); rows->MoveNext()) {
@@ -182,16 +202,11 @@ std::vector<ClosedEmployee> closeRun(HostSession& session, const Selection& sele
     std::vector<ClosedEmployee> closed;
     const auto rowsOf = openRowsByEmployee(session, selection);
     session.list().LoadImportedPay();
-    for (const auto& [naid, rows] : rowsOf) {
-        const auto before = employeeOf(session, naid)->CurEmployment();
-        ClosedEmployee each{.naid = naid,
-                            .rows = static_cast<std::int32_t>(rows.size()),
-                            .nextPayBefore = before->NExpPayDate()};
-        inTransaction(session, [&, naid = naid, &rows = rows] {
-            closePiecework(*before, rows, selection.payDate);
-            session.payroll().C_UpdatePayPeriod(naid, selection.payDate);
-            clearImportedPay(session, naid);
-        });
+    for (const auto& entry : rowsOf) {
+        const std::int32_t naid = entry.first;
+        ClosedEmployee each{.naid = naid};
+        inTransaction(session, [&] { closeRows(session, selection.payDate, each); });
+        if (each.rows == 0) continue;
         session.list().ReLoadEmployee(naid);
         const auto now = employeeOf(session, naid)->CurEmployment();
         each.paidTo = now->LastEPEDate();
@@ -203,8 +218,12 @@ std::vector<ClosedEmployee> closeRun(HostSession& session, const Selection& sele
 }
 
 std::vector<FilledPeriod> fillMissing(HostSession& session) {
-    const std::int32_t before = highestPayRow(session);
-    session.payroll().AutoFillMissingPeriods();
+    std::int32_t before = 0;
+    inOneBatch(session.database(), [&] {
+        bringUpToDate(session);
+        before = highestPayRow(session);
+        session.payroll().AutoFillMissingPeriods();
+    });
     const auto rows = session.database().OpenRecordset(
         "SELECT PRPID, PRPNAID, PRPWeekNo, PRPPaymentPeriod, PRPPayDate, PRPRTILateReason "
         "FROM PRPay "

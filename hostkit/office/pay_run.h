@@ -80,7 +80,8 @@ struct OpenRow {
     double status = 0;        // what the calculation left as its state
 };
 
-// The open rows of the run with a pay date up to its own, in the order of the library.
+// The open rows of the run with a pay date up to its own, in the order of the library. The list is
+// brought up to date first.
 // Errors: 91 for a row whose employee is not in the list.
 LEDGERWICK_HOSTKIT_API std::vector<OpenRow> openRows(HostSession& session,
                                                      const Selection& selection);
@@ -102,6 +103,7 @@ struct ClosedEmployee {
 // Closes the open rows of the run, each employee whole or not at all, and clears what they paid, so
 // that it is not paid twice: the checked piecework of the periods is closed with the reference "Pay
 // DATE", and the imported pay is taken out of `PRPayImport`. The employees are then loaded again.
+// Whose rows another office closes meanwhile is passed over.
 // Errors: those of `C_UpdatePayPeriod` and of the load; employees before the one at fault stay
 //         closed.
 LEDGERWICK_HOSTKIT_API std::vector<ClosedEmployee> closeRun(HostSession& session,

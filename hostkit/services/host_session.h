@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "hostkit/export.h"
 #include "hostkit/services/host_state.h"
@@ -35,8 +36,12 @@ struct HostServices {
 // services, the list, the functions. Loading is left to the host, who may want a label for it.
 //
 // The library keeps one set of references for each thread, so that one session at a time is in
-// force on a thread: the one made last, or the one that was put in force since. Its end clears the
-// references that are still its own.
+// force on a thread. `list` and `payroll` put their session in force; a reference that they gave
+// earlier, used while another session is in force, does not open, close or fill a run. The end of a
+// session puts the one before it in force again.
+//
+// A session belongs to the thread that made it. To move it, let go of it there (`letGo`), then use
+// it on the other thread.
 class LEDGERWICK_HOSTKIT_API HostSession {
   public:
     // Opens the company of that name, as `store::open` does.
@@ -46,34 +51,44 @@ class LEDGERWICK_HOSTKIT_API HostSession {
     // `services` are the host's own, each alone.
     HostSession(std::shared_ptr<Database> database, Date today, HostSettings settings = {},
                 const HostServices& services = {});
+    // In a forked child the database is left as it is: it belongs to the process that opened it.
     ~HostSession();
     HostSession(const HostSession&) = delete;
     HostSession& operator=(const HostSession&) = delete;
 
-    // Links the library to this session again after another one was in force on this thread.
+    // Links the library on this thread to this session.
+    // Errors: 5 on a thread that the session does not belong to, and in a forked child.
     void putInForce();
     // Whether the library on this thread is linked to this session.
     bool isInForce() const;
+    // Takes the session out of force on this thread, so that the next thread to use it has it.
+    // Errors: as `putInForce`.
+    void letGo();
 
-    CEmployeeList& list() noexcept { return *list_; }  // the employees, empty until `LoadEmployees`
-    CPayrollFunctions& payroll() noexcept { return *payroll_; }  // the functions, on that list
-    Database& database() noexcept { return *database_; }         // the database given or opened
+    // The employees, empty until `LoadEmployees`.
+    // Errors: as `putInForce`.
+    CEmployeeList& list();
+    // The functions, on that list.
+    // Errors: as `putInForce`.
+    CPayrollFunctions& payroll();
+    Database& database() noexcept { return *database_; }  // the database given or opened
     // The kit's state, which the library reads as `g` unless the host brought its own.
     KitHostState& state() noexcept { return *state_; }
     // The company's system parameters.
     KitParameters& parameters() noexcept { return *parameters_; }
 
   private:
+    struct Services;  // what the references of a thread are filled with
+
+    void requireOwnThread() const;
+
     std::shared_ptr<Database> database_;
     std::shared_ptr<KitParameters> parameters_;
     std::shared_ptr<KitHostState> state_;
-    ObjectRef g_;
-    ObjectRef global_;
-    ObjectRef programFunctions_;
-    ObjectRef fileFunctions_;
-    std::shared_ptr<Identify> identify_;
-    std::shared_ptr<CEmployeeList> list_;
+    std::shared_ptr<Services> services_;
     std::shared_ptr<CPayrollFunctions> payroll_;
+    std::thread::id owner_;  // no thread's after `letGo`
+    int process_ = 0;        // which one of a chain of forks
 };
 
 }  // namespace ledgerwick

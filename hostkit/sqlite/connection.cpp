@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <limits>
+#include <utility>
 
 #include "hostkit/sqlite/functions.h"
 #include "hostkit/sqlite/snapshot.h"
@@ -38,7 +39,8 @@ Connection::Connection(const std::string& path, const store::OpenOptions& option
       database_(openFile(path, options.readOnly)),
       tables_(database_),
       durability_(options.durability),
-      valuesInErrors_(options.valuesInErrors) {
+      valuesInErrors_(options.valuesInErrors),
+      readOnly_(options.readOnly) {
     try {
         configure(options, isNew);
     } catch (const Error& error) {
@@ -71,6 +73,7 @@ void Connection::configure(const store::OpenOptions& options, bool isNew) {
     runScript(durability_ == store::Durability::Relaxed ? "PRAGMA synchronous = NORMAL"
                                                         : "PRAGMA synchronous = FULL");
     runScript("PRAGMA cache_size = -8192");
+    if (!options.readOnly) right_.attach(database_, std::chrono::milliseconds(timeout));
     sqlite3_set_authorizer(database_, &Connection::authorize, this);
 }
 
@@ -208,6 +211,7 @@ void Connection::execute(std::string_view sql) {
 
 void Connection::write(Statement& statement) {
     tellReaders(statement.writes);
+    const HeldRight right(right_);
     beginBatchTransaction();
     if (tryWrite(statement) != SQLITE_DONE) statement.fail();
 }
@@ -237,6 +241,7 @@ void Connection::removeReader(OpenReader& reader) noexcept {
 }
 
 void Connection::define(const std::string& sql) {
+    const HeldRight right(right_);
     startAfresh();
     const std::unique_ptr<Statement> statement = prepare(sql);
     const int result = statement->run();
@@ -244,6 +249,7 @@ void Connection::define(const std::string& sql) {
 }
 
 void Connection::exec(const std::string& script) {
+    const HeldRight right(right_);
     startAfresh();
     runScript(script.c_str());
 }
@@ -285,31 +291,60 @@ void Connection::runScript(const char* script) {
 void Connection::beginBatchTransaction() {
     if (batches_ == 0 || durability_ == store::Durability::EachUpdate) return;
     if (sqlite3_get_autocommit(database_) == 0) return;
-    beginTransaction();
+    run("BEGIN IMMEDIATE");
     batchOpen_ = true;
 }
 
-void Connection::endBatch() {
-    if (batches_ == 0 || --batches_ != 0 || !batchOpen_) return;
-    batchOpen_ = false;
-    // A failure that the database answers with a roll-back leaves nothing to store.
-    if (sqlite3_get_autocommit(database_) != 0) return;
+void Connection::beginBatch() {
+    if (batches_ == 0) {
+        right_.acquire();
+        versionInside_ = 0;
+    }
+    ++batches_;
+    if (batches_ != 1 || readOnly_) return;
     try {
-        commit(true);
+        beginBatchTransaction();
     } catch (...) {
-        rollBack(true);
+        batches_ = 0;
+        right_.release();
+        throw;
+    }
+}
+
+void Connection::endBatch() {
+    if (batches_ == 0 || --batches_ != 0) return;
+    const HeldRight untilStored(right_);
+    right_.release();
+    // A failure that the database answers with a roll-back leaves nothing to store.
+    if (!std::exchange(batchOpen_, false) || sqlite3_get_autocommit(database_) != 0) return;
+    try {
+        run("COMMIT");
+    } catch (...) {
+        sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
         throw;
     }
 }
 
 bool Connection::beginTransaction() {
     const bool outermost = sqlite3_get_autocommit(database_) != 0;
-    run(outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT inner_transaction");
-    return outermost;
+    if (!outermost) {
+        run("SAVEPOINT inner_transaction");
+        return false;
+    }
+    right_.acquire();
+    versionInside_ = 0;
+    try {
+        run("BEGIN IMMEDIATE");
+    } catch (...) {
+        right_.release();
+        throw;
+    }
+    return true;
 }
 
 void Connection::commit(bool outermost) {
     run(outermost ? "COMMIT" : "RELEASE inner_transaction");
+    if (outermost) right_.release();
 }
 
 void Connection::rollBack(bool outermost) noexcept {
@@ -317,6 +352,18 @@ void Connection::rollBack(bool outermost) noexcept {
         database_,
         outermost ? "ROLLBACK" : "ROLLBACK TO inner_transaction; RELEASE inner_transaction",
         nullptr, nullptr, nullptr);
+    if (outermost) right_.release();
+}
+
+std::int64_t Connection::dataVersion() {
+    // Nobody else writes while this connection has begun to.
+    const bool fixed = right_.isHeld() && sqlite3_get_autocommit(database_) == 0;
+    if (fixed && versionInside_ != 0) return versionInside_;
+    static constexpr const char* sql = "PRAGMA data_version";
+    const StatementLease version = statement(sql, [] { return sql; });
+    const std::int64_t now = version->step() ? version->cell(0).whole : 0;
+    versionInside_ = fixed ? now : 0;
+    return now;
 }
 
 void Connection::run(const char* sql) {

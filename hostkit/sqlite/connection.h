@@ -12,6 +12,7 @@
 #include "hostkit/dialect/lexer.h"
 #include "hostkit/sqlite/statement.h"
 #include "hostkit/sqlite/tables.h"
+#include "hostkit/sqlite/writer_right.h"
 #include "hostkit/store/company_store.h"
 
 namespace ledgerwick::sqlite {
@@ -60,8 +61,12 @@ class Connection : public std::enable_shared_from_this<Connection> {
     void addReader(OpenReader& reader) { readers_.push_back(&reader); }
     void removeReader(OpenReader& reader) noexcept;
 
-    void beginBatch() { ++batches_; }
+    // Takes the right to write, before anything is read. Where rows are not stored one by one the
+    // batch is a transaction from here on.
+    void beginBatch();
     void endBatch();
+    // The number of commits by other connections, as SQLite counts them from here.
+    std::int64_t dataVersion();
     // Returns whether it is the outermost one.
     bool beginTransaction();
     void commit(bool outermost);
@@ -117,6 +122,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
     store::Durability durability_ = store::Durability::EachUpdate;
     bool valuesInErrors_ = false;
+    bool readOnly_ = false;
+    WriterRight right_;
+    std::int64_t versionInside_ = 0;  // of a transaction of our own, once it was asked for
     int batches_ = 0;
     bool batchOpen_ = false;  // a batch has begun a transaction
 };

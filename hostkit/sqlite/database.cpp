@@ -98,6 +98,9 @@ void SqliteDatabase::BeginBatch() {
 void SqliteDatabase::EndBatch() {
     connection_->endBatch();
 }
+std::int64_t SqliteDatabase::DataVersion() {
+    return connection_->dataVersion();
+}
 
 bool SqliteDatabase::beginTransaction() {
     return connection_->beginTransaction();

@@ -45,10 +45,13 @@ class LEDGERWICK_SQLITE_API SqliteDatabase final : public store::CompanyStore {
                                FieldList reads = {}) override;
     void Execute(std::string_view sql, std::int32_t option) override;
     std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql) override;
-    // With `Durability::EachUpdate` a batch is nothing: each row is stored on its own.
+    // Takes the right to write. With `Durability::EachUpdate` each row is still stored on its own.
+    // Errors: 3218 when another connection has it for longer than the busy timeout.
     void BeginBatch() override;
     // Stores what the batch wrote.
     void EndBatch() override;
+    // Moves when another connection, of this process or another, has committed.
+    std::int64_t DataVersion() override;
 
     // For the layer's own use.
     explicit SqliteDatabase(std::shared_ptr<Connection> connection);

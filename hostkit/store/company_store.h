@@ -30,8 +30,8 @@ enum class Durability : std::uint8_t {
 // How a company is opened.
 struct OpenOptions {
     Durability durability = Durability::EachUpdate;  // what a power cut may take
-    std::chrono::milliseconds busyTimeout{5000};     // how long a write waits for another process
-    bool readOnly = false;                           // nothing is written
+    std::chrono::milliseconds busyTimeout{5000};  // how long a write waits for another connection
+    bool readOnly = false;                        // nothing is written
     bool valuesInErrors = false;  // whether the text of a failure shows the values of a statement
 };
 
@@ -127,7 +127,7 @@ class LEDGERWICK_HOSTKIT_API CompanyStore : public Database {
     virtual bool beginTransaction() = 0;
     virtual void commit(bool outermost) = 0;
     virtual void rollBack(bool outermost) noexcept = 0;
-    // As the two above, for writes that are taken back in any case.
+    // As `beginTransaction` and `rollBack`, for writes that are taken back in any case.
     virtual bool beginRehearsal() { return beginTransaction(); }
     virtual void endRehearsal(bool outermost) noexcept { rollBack(outermost); }
 

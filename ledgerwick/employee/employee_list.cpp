@@ -154,6 +154,8 @@ void CEmployeeList::Clear() {
     ninoIndex_.clear();
     unfilled_.clear();
     hostAdded_ = false;
+    version_ = 0;
+    laterVersions_.clear();
 }
 
 CEmployeeList& DLLGlobal::EmployeeList() {

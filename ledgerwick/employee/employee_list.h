@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -79,6 +80,20 @@ class LEDGERWICK_API CEmployeeList : public Object {
     bool ExistsByNINO(const std::string& NINO);
     // Empties the list. The label stays.
     void Clear();
+
+    // ---- the age of the list (list_age.cpp) ----
+
+    // Which of these employees another connection has changed since they were loaded: their
+    // employments, frequency or group, or the last closed pay row of the current employment. Who is
+    // not in the list counts as changed by being employed now. The others need no further look until
+    // somebody writes again.
+    // Shape:  in the order given; nothing is compared, and nobody found, while nobody else has
+    //         written, or the database cannot tell.
+    // Errors: those of the database and of reading a field.
+    std::vector<std::int32_t> ChangedSinceLoad(std::span<const std::int32_t> naids);
+    // The same of the whole list, and of those who have an employment but are not in a list that
+    // was loaded whole.
+    std::vector<std::int32_t> ChangedSinceLoad();
     // Adds a new employee from the NAID and the number of the current row, with none of its
     // properties set. Employees that share a number are marked `NINODuplicated`.
     // Errors: 94 for a row without NAID, 457 for an employee that is in the list already.
@@ -98,6 +113,10 @@ class LEDGERWICK_API CEmployeeList : public Object {
     void LoadPayments(std::int32_t lNAID, std::int32_t lPayrollYear);
     bool ItemExists(const Variant& Index);
 
+    std::int64_t versionOf(std::int32_t naid) const;
+    bool isAsLoaded(std::int32_t naid);
+    void addNewcomers(std::vector<std::int32_t>& naids);
+
     void showProgress(std::string_view caption);
     // Whether nobody but a load has put employees into the list, so that each stands under its key.
     bool holdsOwnEmployeesOnly() const noexcept {
@@ -112,6 +131,10 @@ class LEDGERWICK_API CEmployeeList : public Object {
     std::unordered_map<IIDKey, std::int32_t> iidIndex_;  // nothing fills it
     std::vector<std::int32_t> unfilled_;  // whose rows a load has begun and not come to the end of
     bool hostAdded_ = false;              // since the list was last empty
+    // What the database's `DataVersion` was before all were loaded, or last found unchanged, and
+    // the later one of some; 0 while it is not known.
+    std::int64_t version_ = 0;
+    std::unordered_map<std::int32_t, std::int64_t> laterVersions_;
     std::shared_ptr<Label> label_;
     Date minStart_;  // the earliest employment start in the store, as of the last load
     IdentifyHolder identify_;

@@ -183,13 +183,18 @@ bool CEmployeeList::LoadEmployees(const ObjectRef& lblProgress) {
         label_ = std::move(label);
     }
     showProgress("Loading Employees......");
+    const std::int64_t version = DLLGlobal::g().DBDll().DataVersion();
     LoadFromRecordset(0, OpenEmployeesRS(0, load::employeeFields()));
+    version_ = version;
+    laterVersions_.clear();
     return false;
 }
 
 bool CEmployeeList::ReLoadEmployee(std::int32_t lNAID) {
+    const std::int64_t version = DLLGlobal::g().DBDll().DataVersion();
     RemoveEmployee(lNAID);
     LoadFromRecordset(lNAID, OpenEmployeesRS(lNAID, load::employeeFields()));
+    if (version != version_) laterVersions_[lNAID] = version;
     return false;
 }
 

@@ -335,6 +335,9 @@ class LEDGERWICK_API CPayrollFunctions : public Object {
     // The list given by `Init`.
     // Errors: 91 before `Init`.
     CEmployeeList& employeeList() const;
+    // Before anything is written.
+    // Errors: 5 while `EmployeeList` holds another list: the host, and so the database, is another.
+    void requireInForce() const;
 
     std::shared_ptr<CEmployeeList> employeeList_;
     IdentifyHolder identify_;

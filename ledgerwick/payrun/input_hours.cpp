@@ -271,18 +271,21 @@ Variant CPayrollFunctions::C_InputHoursInit(Date dPayDateIn, std::int32_t lngFre
     bool unheard = false;
     bool& hasUnchecked = bUncheckedOut ? *bUncheckedOut : unheard;
     hasUnchecked = false;
+    requireInForce();
     InputHours run(*this, dPayDateIn, hasUnchecked);
-    employeeList().LoadImportedPay();
-    const auto selection = selectedInOrder(employeeList(), {lngFrequencyIn, lngSLGNoIn, lngNAIDIn});
-    if (!selection.empty()) {
-        Database& database = DLLGlobal::g().DBDll();
-        inOneBatch(database, [&] {
-            database.Announce(naidsOf(selection));
-            for (const Selected& selected : selection) {
-                forEmployee(selected.naid, [&] { run.prepare(selected.naid); });
-            }
-        });
-    }
+    CEmployeeList& list = employeeList();
+    Database& database = DLLGlobal::g().DBDll();
+    inOneBatch(database, [&] {
+        payrun::refuseChanged(
+            lngNAIDIn == 0 ? list.ChangedSinceLoad() : list.ChangedSinceLoad({&lngNAIDIn, 1}),
+            "C_InputHoursInit");
+        list.LoadImportedPay();
+        const auto selection = selectedInOrder(list, {lngFrequencyIn, lngSLGNoIn, lngNAIDIn});
+        if (!selection.empty()) database.Announce(naidsOf(selection));
+        for (const Selected& selected : selection) {
+            forEmployee(selected.naid, [&] { run.prepare(selected.naid); });
+        }
+    });
     if (vRet) *vRet = run.takeColumns();
     return {};
 }

@@ -147,6 +147,7 @@ void fillGap(CPayrollFunctions& payroll, Recordset& rows, RowBefore before, Reco
 }  // namespace
 
 Variant CPayrollFunctions::AutoFillMissingPeriods() {
+    requireInForce();
     Database& database = DLLGlobal::g().DBDll();
     inOneBatch(database, [&] {
         const auto rows =

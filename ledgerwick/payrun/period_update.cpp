@@ -48,7 +48,10 @@ RecordsetRef openRowsUpTo(Date payDate, std::int32_t naid) {
 }  // namespace
 
 void CPayrollFunctions::C_UpdatePayPeriod(std::int32_t lngNAIDIn, Date dPayDateIn) {
+    requireInForce();
     const auto close = [&] {
+        payrun::refuseChanged(employeeList().ChangedSinceLoad({&lngNAIDIn, 1}),
+                              "C_UpdatePayPeriod");
         const auto rows = openRowsUpTo(dPayDateIn, lngNAIDIn);
         const auto employee = payrun::employeeOf(employeeList(), lngNAIDIn, "C_UpdatePayPeriod");
         const PR_Pay_Freq frequency = payrun::frequencyOf(*employee);
@@ -99,6 +102,7 @@ bool CPayrollFunctions::C_Reset_HasBeenVisited(std::int32_t lNAID) {
 void CPayrollFunctions::C_CreateStartingPayRecord(std::int32_t lngNAIDIn, std::int32_t lngWeekNoIn,
                                                   Date dEPEDate, Date dNExpPayDate,
                                                   Date dNExpEPEDate) {
+    requireInForce();
     Database& database = DLLGlobal::g().DBDll();
     inOneBatch(database, [&] {
         const auto rows =

@@ -97,4 +97,8 @@ void Database::BeginBatch() {}
 void Database::EndBatch() {}
 void Database::Announce(std::span<const std::int32_t>) {}
 
+std::int64_t Database::DataVersion() {
+    return 0;
+}
+
 }  // namespace ledgerwick

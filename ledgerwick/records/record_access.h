@@ -201,9 +201,13 @@ class LEDGERWICK_API Database : public Object {
     // Errors: those of a database that cannot tell.
     virtual bool TableExists(std::string_view name);
 
-    // Opens the writes of one public operation, so that a layer may store them together. Not a
-    // transaction: what was written stays, also when the operation fails in between. The default
-    // does nothing.
+    // Opens one public operation, before its first read, so that a layer may store its writes
+    // together. Not a transaction: what was written stays, also when the operation fails in between.
+    // A layer that several connections write through holds the right to write from here to
+    // `EndBatch`, so that nobody changes what the operation has read before it writes. Batches nest;
+    // the outermost counts. The default does nothing.
+    // Errors: 3218 when another connection holds the right for longer than the layer waits. The
+    //         batch has then not begun, and `EndBatch` is not called.
     virtual void BeginBatch();
     // Ends what `BeginBatch` opened; what was written is stored then.
     virtual void EndBatch();
@@ -214,6 +218,13 @@ class LEDGERWICK_API Database : public Object {
     // holds until the batch ends or the next call; outside a batch until the next call. No keys
     // end it. The default does nothing.
     virtual void Announce(std::span<const std::int32_t> keys);
+
+    // A number that another connection moves by writing, and this one does not. Two calls that give
+    // the same number, other than 0, promise that nobody else has stored anything in between. It may
+    // move for no reason: what was loaded is then compared with the database, at the cost of two
+    // reads for each employee.
+    // Shape:  0 for a layer that does not know, the default; nothing is then compared.
+    virtual std::int64_t DataVersion();
 };
 
 // Runs `work` with its writes in one batch of `database`. The batch is ended also when `work`

@@ -70,7 +70,8 @@ class Collection {
 
     std::int32_t Count() const noexcept { return count_; }  // the number of items
 
-    // Walks the items in order. Adding and removing ends every walk.
+    // Walks the items in order. Adding and removing ends every walk: its next step fails. Whoever
+    // changes the list on the way walks over a copy of the keys.
     class Iterator;
     Iterator begin() const noexcept { return Iterator(this, 0); }             // at the first item
     Iterator end() const noexcept { return Iterator(this, chunks_.size()); }  // after the last one
@@ -126,6 +127,8 @@ class Collection {
         index_.swap(other.index_);
         std::swap(count_, other.count_);
         std::swap(startsKnown_, other.startsKnown_);
+        ++changes_;
+        ++other.changes_;
     }
 
     Node* findNode(std::string_view key) const noexcept;
@@ -151,6 +154,7 @@ class Collection {
     std::unique_ptr<Index> index_;
     std::int32_t count_ = 0;
     mutable std::uint32_t startsKnown_ = 0;  // the number of chunks whose `start` is known
+    std::uint32_t changes_ = 0;              // items added and removed so far
 };
 
 // A place in the list, which lasts until an item is added or removed.
@@ -166,17 +170,22 @@ class Collection<T>::Iterator {
 
     Iterator() = default;
     // The item at this place.
-    T& operator*() const noexcept { return list_->chunks_[chunk_].chunk->nodes[offset_]->item; }
-    T* operator->() const noexcept { return &**this; }  // a member of that item
+    // Errors: 5 when an item was added or removed since the walk began; so for all of these.
+    T& operator*() const {
+        requireUnchanged();
+        return list_->chunks_[chunk_].chunk->nodes[offset_]->item;
+    }
+    T* operator->() const { return &**this; }  // a member of that item
     // Goes on to the next item.
-    Iterator& operator++() noexcept {
+    Iterator& operator++() {
+        requireUnchanged();
         if (++offset_ == list_->chunks_[chunk_].chunk->nodes.size()) {
             ++chunk_;
             offset_ = 0;
         }
         return *this;
     }
-    Iterator operator++(int) noexcept {
+    Iterator operator++(int) {
         const Iterator before = *this;
         ++*this;
         return before;
@@ -186,9 +195,17 @@ class Collection<T>::Iterator {
 
   private:
     friend class Collection;
-    Iterator(const Collection* list, std::size_t chunk) noexcept : list_(list), chunk_(chunk) {}
+    Iterator(const Collection* list, std::size_t chunk) noexcept
+        : list_(list), changes_(list->changes_), chunk_(chunk) {}
+
+    void requireUnchanged() const {
+        if (changes_ == list_->changes_) return;
+        raise(error_number::invalidCall, "Collection",
+              "the list has changed during the walk; walk over a copy of its keys");
+    }
 
     const Collection* list_ = nullptr;
+    std::uint32_t changes_ = 0;  // of the list when the walk began
     std::size_t chunk_ = 0;
     std::size_t offset_ = 0;
 };
@@ -301,6 +318,7 @@ void Collection<T>::insert(Place place, std::unique_ptr<Node> node) {
                        std::move(node));
     lengthChanged(place.chunk);
     count_ = addInt32(count_, 1, "Collection.Add");
+    ++changes_;
 }
 
 // The place once its chunk exists and has room.
@@ -333,6 +351,7 @@ void Collection<T>::erase(Place place) noexcept {
     if (index_ != nullptr && !removed->key.empty()) index_->erase(removed.get());
     nodes.erase(position);
     --count_;
+    ++changes_;
     if (!nodes.empty()) {
         lengthChanged(place.chunk);
         return;

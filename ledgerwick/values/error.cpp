@@ -33,6 +33,7 @@ constexpr Description descriptions[] = {
     {error_number::noSuchTable, "No such table"},
     {error_number::databaseError, "Database error"},
     {error_number::connectionLost, "Connection to the database lost"},
+    {error_number::listOutdated, "Somebody else has changed this since it was loaded"},
     {error_number::writerBusy, "Somebody else is writing, try again"},
     {error_number::noSuchItem, "No such item"},
     {error_number::notACompany, "Not a company"},

@@ -76,6 +76,7 @@ inline constexpr std::int32_t statementError = 3075;     // a statement that can
 inline constexpr std::int32_t noSuchTable = 3078;        // a statement on a table that is not there
 inline constexpr std::int32_t databaseError = 3146;      // the database refused
 inline constexpr std::int32_t connectionLost = 3151;     // the database cannot be reached
+inline constexpr std::int32_t listOutdated = 3197;  // others changed what an operation rests on
 inline constexpr std::int32_t writerBusy = 3218;    // another connection has the right to write
 inline constexpr std::int32_t noSuchItem = 3265;    // no field or item of that name
 inline constexpr std::int32_t notACompany = 3343;   // a database without the tables of a company

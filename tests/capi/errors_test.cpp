@@ -2,6 +2,8 @@
 // driven by the programs in C and Python.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <functional>
@@ -180,6 +182,39 @@ TEST_F(CInterface, TellsHandlesThatAreNone) {
     EXPECT_EQ(ledgerwick_row_store(row_, nullptr, &error_), LEDGERWICK_CLOSED);
     EXPECT_EQ(cell(0, "next_pay"), "2016-04-08");  // tables stay
     session_ = nullptr;
+}
+
+// A copy of the session in a child shares the file with the parent, whose locks it would end.
+TEST_F(CInterface, IsRefusedInAForkedChildWhichOpensItsOwn) {
+    const pid_t child = fork();
+    if (child == 0) {
+        ledgerwick_session* own = nullptr;
+        const bool sound =
+            ledgerwick_load(session_, &error_) == LEDGERWICK_WRONG_PROCESS &&
+            ledgerwick_session_close(session_, nullptr) == LEDGERWICK_WRONG_PROCESS &&
+            ledgerwick_session_open(path_.c_str(), today, nullptr, &own, &error_) == 0 &&
+            own != session_ && ledgerwick_load(own, &error_) == 0;
+        _exit(sound ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    must(ledgerwick_load(session_, &error_));
+}
+
+// Without employees a query would tell of an empty company, and a fill fail behind its rows.
+TEST_F(CInterface, SaysThatNothingIsLoadedBeforeItWrites) {
+    ledgerwick_session* bare = nullptr;
+    must(ledgerwick_session_open(path_.c_str(), today, nullptr, &bare, &error_));
+    ledgerwick_table* table = nullptr;
+    EXPECT_EQ(ledgerwick_count(bare, nullptr, nullptr, nullptr, &error_), LEDGERWICK_NOT_LOADED);
+    EXPECT_EQ(ledgerwick_fill_missing_periods(bare, &table, &error_), LEDGERWICK_NOT_LOADED);
+    EXPECT_EQ(ledgerwick_run_open(bare, today, LEDGERWICK_ALL, 0, 0, &table, nullptr, &error_),
+              LEDGERWICK_NOT_LOADED);
+    EXPECT_THAT(error_.description, HasSubstr("ledgerwick_load"));
+    must(ledgerwick_reload(bare, 1, &error_));
+    must(ledgerwick_count(bare, nullptr, nullptr, nullptr, &error_));
+    must(ledgerwick_session_close(bare, &error_));
 }
 
 // Sessions of one thread take turns, each on its own company.

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "hostkit/services/file_functions.h"
 #include "hostkit/services/host_session.h"
@@ -38,6 +39,19 @@ const Date today = Date::fromYmd(2016, 1, 29);
 TEST(HostSession, LinksTheLibraryUntilItsEnd) {
     auto first = std::make_unique<HostSession>(companyOfYear16(), today);
     auto second = std::make_unique<HostSession>(companyOfYear16(), today);
+    CPayrollFunctions& ofTheFirst = first->payroll();
+    EXPECT_TRUE(first->isInForce());  // by the call
+    second->list();
+    EXPECT_EQ(raisedBy([&] { ofTheFirst.C_UpdatePayPeriod(7, today); }), error_number::invalidCall);
+    {
+        HostSession third(companyOfYear16(), today);
+        first->list();
+        second->list();
+    }
+    EXPECT_TRUE(second->isInForce());
+    second->letGo();
+    EXPECT_TRUE(first->isInForce());
+    second->list();
     first.reset();  // leaves the references that are no longer its own
     EXPECT_EQ(DLLGlobal::currentPayrollYear(), 16);
     EXPECT_EQ(DLLGlobal::g().g_dtmToday(), today);
@@ -46,6 +60,24 @@ TEST(HostSession, LinksTheLibraryUntilItsEnd) {
               Date::fromYmd(2016, 2, 26));
     second.reset();
     EXPECT_EQ(raisedBy([] { DLLGlobal::g(); }), error_number::objectNotSet);
+}
+
+TEST(HostSession, WorksOnTheThreadThatItWasGivenTo) {
+    HostSession session(companyOfYear16(), today);
+    const auto onAnother = [&] {
+        std::string told;
+        std::thread([&] {
+            told = errorOf([&] { session.list(); }).description;
+            if (told.empty()) session.letGo();
+        }).join();
+        return told;
+    };
+    EXPECT_NE(onAnother().find("belongs to another thread"), std::string::npos);
+    session.letGo();
+    EXPECT_EQ(raisedBy([] { DLLGlobal::g(); }), error_number::objectNotSet);
+    EXPECT_EQ(onAnother(), "");
+    session.list().LoadEmployees();
+    EXPECT_TRUE(session.isInForce());
 }
 
 TEST(HostSession, RefusesWhatItCannotOpen) {

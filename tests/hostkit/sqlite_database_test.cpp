@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -66,6 +67,49 @@ TEST_F(SqliteFile, OthersSeeEveryUpdateAtOnceAndABatchAtItsOutermostEnd) {
         rs->Update();
         EXPECT_EQ(count(*other), before + 3);
     }
+}
+
+// What one has read in a batch, nobody else changes before it is written.
+TEST_F(SqliteFile, OneHasTheRightToWriteFromTheBeginningOfABatchToItsEnd) {
+    for (const auto durability :
+         {store::Durability::EachUpdate, store::Durability::Batched, store::Durability::Relaxed}) {
+        const auto one = open({.durability = durability});
+        const auto other =
+            open({.durability = durability, .busyTimeout = std::chrono::milliseconds(20)});
+        const std::int32_t before = count(*other);
+        const std::function<void()> writes[] = {
+            [&] { add(*other, "B"); },
+            [&] { inOneBatch(*other, [] {}); },
+            [&] { other->inTransaction([] {}); },
+            [&] { other->exec("DELETE FROM Customers"); },
+        };
+        inOneBatch(*one, [&] {
+            for (int i = 0; i < 2; ++i) {  // and also once rows are stored
+                for (const auto& write : writes) {
+                    const auto told = test::errorOf(write);
+                    EXPECT_EQ(told.number, error_number::writerBusy);
+                    EXPECT_EQ(told.description, "Somebody else is writing, try again");
+                }
+                EXPECT_GE(count(*other), before);
+                one->inTransaction([&] { add(*one, "A"); });
+            }
+        });
+        for (const auto& write : writes) EXPECT_NO_THROW(write());
+        add(*one, "A");
+    }
+}
+
+TEST_F(SqliteFile, TheDataVersionMovesWhenAnotherConnectionHasWritten) {
+    const auto one = open();
+    const auto other = open();
+    const std::int64_t before = one->DataVersion();
+    add(*one, "A");
+    EXPECT_EQ(one->DataVersion(), before);
+    EXPECT_NE(before, 0);
+    inOneBatch(*other, [&] {});
+    EXPECT_EQ(one->DataVersion(), before);
+    add(*other, "B");
+    EXPECT_NE(one->DataVersion(), before);
 }
 
 TEST_F(SqliteFile, ATransactionIsAllOrNothing) {

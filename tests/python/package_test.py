@@ -1,7 +1,9 @@
 """The Python package: its declarations against the header, its values, its errors, its guide."""
 
+import copy
 import ctypes
 import doctest
+import gc
 import os
 import pickle
 import re
@@ -173,6 +175,7 @@ class Company(unittest.TestCase):
             with self.subTest(value), self.assertRaises(error):
                 work(value)
         self.refused(91, self.company.employee, 0)  # not the first of all
+        self.refused(3265, lambda: self.company.employees(columns=[]))
         told = self.refused(6, details, PREGroup=1 << 40)
         self.assertEqual(str(told), "Error 6 in PREGroup: Overflow (PREmployeeDetails 1)")
         self.assertEqual((told.table, told.key, told.field), ("PREmployeeDetails", 1, "PREGroup"))
@@ -239,6 +242,33 @@ class Company(unittest.TestCase):
         self.refused(3420, self.company.load)
         self.refused(3420, self.company.__enter__)
         self.assertIn("closed", repr(self.company))
+
+    def test_a_session_is_not_copied_and_not_used_in_a_child(self):
+        for copied in (pickle.dumps, copy.copy, copy.deepcopy):
+            with self.assertRaisesRegex(TypeError, "open the company again"):
+                copied(self.company)
+        child = os.fork()
+        if child == 0:
+            try:
+                self.refused(20003, self.company.load)
+                self.company.close()
+                with Session(self.path, TODAY) as own:
+                    own.load()
+                os._exit(0)
+            finally:
+                os._exit(1)
+        self.assertEqual(os.waitpid(child, 0)[1], 0)
+        self.company.load()
+
+    def test_a_lost_session_is_closed_with_a_warning(self):
+        with self.assertWarnsRegex(ResourceWarning, "unclosed <Session .*company.db"):
+            Session(self.path, TODAY)
+            gc.collect()
+
+    def test_a_call_on_employees_says_that_none_is_loaded(self):
+        with Session(self.path, TODAY) as company:
+            for call in (company.employees, company.fill_missing_periods):
+                self.refused(20004, call)
 
     def test_what_the_example_does_not_show(self):
         company = self.company
@@ -364,8 +394,7 @@ class Tables(unittest.TestCase):
         self.assertEqual(some(naid=2), [2, 5, 8, 11])
         self.assertEqual(some(year=17, since=date(2016, 4, 8)), [8, 10])
         for number, work in ((3265, lambda: self.company.rows("UoM", year=17)),
-                             (3265, lambda: self.company.rows("PRPay", columns=["salary"])),
-                             (3265, lambda: self.company.employees(columns=[]))):
+                             (3265, lambda: self.company.rows("PRPay", columns=["salary"]))):
             with self.assertRaises(LedgerwickError) as raised:
                 work()
             self.assertEqual(raised.exception.number, number)

@@ -55,6 +55,21 @@ TEST(Collection, StaysAsItWasWhenAnOperationFails) {
     EXPECT_EQ(nullptr, list.Find("b"));
 }
 
+TEST(Collection, EndsAWalkWithAnErrorOnceItIsChanged) {
+    Collection<int> list;
+    for (const char* key : {"a", "b", "c"}) list.Add(1, key);
+    int visited = 0;
+    EXPECT_EQ(raisedBy([&] {
+                  for (const int item : list) {
+                      visited += item;
+                      list.Remove("a");
+                      list.Add(1, "a");
+                  }
+              }),
+              error_number::invalidCall);
+    EXPECT_EQ(visited, 1);
+}
+
 TEST(Collection, HoldsItemsThatCannotBeCopiedAndLeavesThemInPlace) {
     Collection<std::unique_ptr<int>> list;
     list.Add(std::make_unique<int>(7), "7");

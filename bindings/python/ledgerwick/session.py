@@ -2,11 +2,12 @@
 
 from __future__ import annotations
 
-from contextlib import contextmanager
+import warnings
+from contextlib import contextmanager, suppress
 from ctypes import byref, sizeof
 from datetime import date
 from decimal import Decimal
-from os import PathLike, fsdecode
+from os import PathLike, fsdecode, getpid
 from typing import (
     Any,
     Dict,
@@ -15,6 +16,7 @@ from typing import (
     List,
     Mapping,
     NamedTuple,
+    NoReturn,
     Optional,
     Tuple,
     Type,
@@ -136,7 +138,10 @@ def pay_period(day: date, frequency: int) -> PayPeriod:
 
 
 class Session:
-    """An open company. Use it in a `with`, in the thread that opened it.
+    """An open company. Use it in a `with`, in the thread and the process that opened it.
+
+    It cannot be copied or pickled; a thread or process of its own opens its own. One that is lost
+    while it is open is closed with a ResourceWarning.
 
     `today` is the day on which the payroll believes itself; else it is the day of the clock.
     `program_path` is the folder that holds "AE Letter Templates"; else it is the current folder.
@@ -172,6 +177,7 @@ class Session:
         )
         day = date_out(today or date.today())
         self._path = fsdecode(path)
+        self._process = getpid()
         (self._handle,) = call("session_open", text(self._path), day, byref(options))
 
     def __repr__(self) -> str:
@@ -185,14 +191,25 @@ class Session:
         self.close()
 
     def close(self) -> None:
-        """Closes the company; a second time does nothing.
+        """Closes the company; a second time does nothing, nor does it in a forked child.
 
         >>> company.close()
         >>> company
         <Session 'company.db', closed>
         """
-        call("session_close", self._handle)
+        if self._handle is not None and self._process == getpid():
+            call("session_close", self._handle)
         self._handle = None
+
+    def __del__(self) -> None:
+        if getattr(self, "_handle", None) is None or self._process != getpid():
+            return
+        warnings.warn(f"unclosed {self!r}", ResourceWarning, source=self)
+        with suppress(LedgerwickError):  # the thread is another: its end closes the session
+            self.close()
+
+    def __reduce_ex__(self, protocol: object) -> NoReturn:
+        raise TypeError("a Session cannot be copied or pickled; open the company again")
 
     def _opened(self) -> int:
         if self._handle is None:
