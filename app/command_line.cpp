@@ -90,6 +90,11 @@ int runAction(const Context& context) {
     } catch (const office::Refusal& refusal) {
         tell(context.err, "ledgerwick: " + withoutControls(refusal.Description()));
         return exitRefused;
+    } catch (const Error& error) {
+        const bool otherVersion = error.Number() == error_number::wrongVersion;
+        tell(context.err,
+             "ledgerwick: " + withoutControls(otherVersion ? error.Description() : error.what()));
+        return otherVersion ? exitRefused : exitError;
     } catch (const exchange::BadFiles& faults) {
         tell(context.err, std::string(faults.what()) + "\nledgerwick: nothing was imported");
         return exitBadFile;

@@ -76,6 +76,7 @@ enum {
     LEDGERWICK_CHANGED = 3197,       // another program changed what the call rests on: load again
     LEDGERWICK_BUSY = 3218,          // another program is writing: the same call again
     LEDGERWICK_NO_SUCH_NAME = 3265,  // of a table, a field, a column or a parameter
+    LEDGERWICK_OTHER_VERSION = 3274,   // a company of another release; the text says what to do
     LEDGERWICK_NOT_A_COMPANY = 3343,   // a file that is no database, or has none of the tables
     LEDGERWICK_CLOSED = 3420,          // a handle that was closed, or never opened
     LEDGERWICK_NOT_UTF8 = 20001,       // a text that was handed in
@@ -124,6 +125,14 @@ LEDGERWICK_C_API int32_t ledgerwick_abi(void);
 // Errors: 58 when the file is there, 5 for a year outside 2001 to 9990; those of the database.
 LEDGERWICK_C_API int32_t ledgerwick_company_create(const char* path, int32_t tax_year,
                                                    ledgerwick_error* error);
+
+// Brings a company of an older release up to this one, in one transaction. The table has one row:
+// "from_version" and "to_version", before and after, and "copy", the file that keeps the company as it
+// was; an empty text when there was nothing to do.
+// Errors: 53 when there is no such file, 3343 for one that holds no company, 3274 for a company of a
+//         newer release; those of the database. The company is then as it was.
+LEDGERWICK_C_API int32_t ledgerwick_company_upgrade(const char* path, ledgerwick_table** out,
+                                                    ledgerwick_error* error);
 
 // What a power cut can take; the crash of a process alone takes nothing that was reported stored.
 enum {

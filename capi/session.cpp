@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cstring>
 
+#include "capi/table.h"
 #include "hostkit/all_stores.h"
 #include "hostkit/history/as_of.h"
 #include "hostkit/office/company.h"
 #include "hostkit/store/open.h"
+#include "hostkit/store/upgrade.h"
 #include "ledgerwick/values/utf8.h"
 #include "ledgerwick/version.h"
 
@@ -17,6 +19,7 @@ namespace {
 constexpr std::string_view opening = "ledgerwick_session_open";
 constexpr std::string_view transaction = "ledgerwick_transaction";
 constexpr std::string_view creating = "ledgerwick_company_create";
+constexpr std::string_view upgrading = "ledgerwick_company_upgrade";
 
 // The caller's options, of which an older program knows fewer.
 ledgerwick_options optionsIn(const ledgerwick_options* options) {
@@ -171,6 +174,23 @@ std::int32_t ledgerwick_abi(void) {
 std::int32_t ledgerwick_company_create(const char* path, std::int32_t tax_year,
                                        ledgerwick_error* error) {
     return call(error, [&] { create(textIn(path, creating), tax_year); });
+}
+
+std::int32_t ledgerwick_company_upgrade(const char* path, ledgerwick_table** out,
+                                        ledgerwick_error* error) {
+    return call(error, [&] {
+        needHandle(out, upgrading);
+        const std::string name = textIn(path, upgrading);
+        ledgerwick::registerStores();
+        if (!ledgerwick::store::exists(name)) {
+            ledgerwick::raise(LEDGERWICK_NO_SUCH_FILE, upgrading, name);
+        }
+        const auto done = ledgerwick::store::upgrade(name);
+        auto table = std::make_unique<ledgerwick::c::Table>(
+            std::vector<std::string>{"from_version", "to_version", "copy"});
+        table->add({done.from, done.to, done.copy});
+        giveHandle(out, std::move(table));
+    });
 }
 
 std::int32_t ledgerwick_session_open(const char* path, ledgerwick_date today,

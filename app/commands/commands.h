@@ -10,7 +10,7 @@ namespace ledgerwick::app {
 
 struct Context;
 
-void addCompanyCommands(CLI::App& app, Context& context);     // new, import, export
+void addCompanyCommands(CLI::App& app, Context& context);     // new, import, export, upgrade
 void addCalendarCommands(CLI::App& app, Context& context);    // calendar, explain
 void addQueryCommands(CLI::App& app, Context& context);       // employees, employee, rows, due
 void addReportCommand(CLI::App& app, Context& context);       // report

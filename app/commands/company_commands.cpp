@@ -5,6 +5,7 @@
 #include "hostkit/exchange/company_files.h"
 #include "hostkit/office/company.h"
 #include "hostkit/store/open.h"
+#include "hostkit/store/upgrade.h"
 #include "ledgerwick/calendar/tax_calendar.h"
 
 namespace ledgerwick::app {
@@ -65,6 +66,25 @@ void runExport(const Context& context, const CompanyOptions& options) {
          "exported");
 }
 
+void runUpgrade(const Context& context, const CompanyOptions& options) {
+    if (!store::exists(options.database)) {
+        throw Refusal("there is no database " + options.database);
+    }
+    const store::Upgrade done = store::upgrade(options.database);
+    Report report;
+    if (done.copy.empty()) {
+        report.say(options.database + " is of version " + std::to_string(done.to) + " already");
+    } else {
+        report.say(options.database + " upgraded from version " + std::to_string(done.from) +
+                   " to version " + std::to_string(done.to) + "; as it was it is kept in " +
+                   done.copy);
+    }
+    report.fact("from", std::int64_t{done.from});
+    report.fact("to", std::int64_t{done.to});
+    report.fact("copy", done.copy);
+    context.show(report);
+}
+
 }  // namespace
 
 void addCompanyCommands(CLI::App& app, Context& context) {
@@ -87,6 +107,13 @@ void addCompanyCommands(CLI::App& app, Context& context) {
         ->check(CLI::ExistingDirectory);
     importing->callback([&context, options] {
         context.action = [&context, options] { runImport(context, *options); };
+    });
+
+    auto* upgrading = app.add_subcommand(
+        "upgrade", "Bring a company of an older release up to this one, and keep a copy");
+    addDatabase(*upgrading, options->database);
+    upgrading->callback([&context, options] {
+        context.action = [&context, options] { runUpgrade(context, *options); };
     });
 
     auto* exporting = app.add_subcommand("export", "Write every table of a company as a CSV file");

@@ -295,10 +295,7 @@ std::size_t exportTable(Database& database, const TableLayout& table,
 }  // namespace
 
 std::shared_ptr<store::CompanyStore> openOrCreate(const std::string& name) {
-    if (!store::exists(name)) return store::create(name);
-    auto company = store::open(name);
-    company->createSchema();
-    return company;
+    return store::exists(name) ? store::open(name) : store::create(name);
 }
 
 BadFiles::BadFiles(const std::vector<std::string>& faults)

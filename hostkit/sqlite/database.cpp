@@ -1,8 +1,10 @@
 #include "hostkit/sqlite/database.h"
 
+#include <filesystem>
 #include <utility>
 
 #include "hostkit/dialect/lexer.h"
+#include "hostkit/sqlite/backup.h"
 #include "hostkit/sqlite/connection.h"
 #include "hostkit/sqlite/schema_sql.h"
 #include "ledgerwick/values/error.h"
@@ -69,6 +71,16 @@ void SqliteDatabase::narrow(std::string_view table, std::string_view columns,
     view += " FROM main." + name + " WHERE ";
     view += condition;
     connection_->execute(view);
+}
+
+std::string SqliteDatabase::keepCopy(std::string_view mark) {
+    const std::string first = name() + '.' + std::string(mark);
+    std::string copy = first;
+    for (int number = 2; std::filesystem::exists(copy); ++number) {
+        copy = first + '-' + std::to_string(number);
+    }
+    copyFile(name(), copy);
+    return copy;
 }
 
 void SqliteDatabase::exec(const std::string& script) {

@@ -39,6 +39,8 @@ class LEDGERWICK_SQLITE_API SqliteDatabase final : public store::CompanyStore {
     std::vector<store::FieldDescription> fieldsOf(std::string_view table) override;
     void narrow(std::string_view table, std::string_view columns,
                 std::string_view condition) override;
+    // A file beside this one: "company.db.version-0", with "-2" after it when that is there already.
+    std::string keepCopy(std::string_view mark) override;
     void exec(const std::string& script) override;
 
     RecordsetRef OpenRecordset(std::string_view sql, RecordsetType type,

@@ -9,6 +9,15 @@
 -- does not name. Nothing beyond the keys is enforced: data that came in damaged is reported where
 -- it is read, with the name of the field, and can be put right with the database's own tools.
 
+-- Whoever adds a table or an index here raises the number below by one, and nothing else: an older
+-- company then gets it by an upgrade. Every statement leaves alone what is there already.
+
+-- The version of these tables, in one row.
+CREATE TABLE IF NOT EXISTS LedgerwickSchema (
+    Version INTEGER DEFAULT 0
+);
+INSERT INTO LedgerwickSchema (Version) SELECT 1 WHERE NOT EXISTS (SELECT * FROM LedgerwickSchema);
+
 CREATE TABLE IF NOT EXISTS Customers (
     NAID       INTEGER PRIMARY KEY,
     NASeq      TEXT COLLATE NOCASE DEFAULT '',

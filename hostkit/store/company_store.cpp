@@ -2,12 +2,18 @@
 
 #include "hostkit/forwarding/forwarding_database.h"
 #include "hostkit/store/company_recordset.h"
+#include "ledgerwick/values/error.h"
 #include "ledgerwick/values/text.h"
 
 namespace ledgerwick::store {
 
 CompanyRecordset::~CompanyRecordset() = default;
 CompanyStore::~CompanyStore() = default;
+
+std::string CompanyStore::keepCopy(std::string_view) {
+    raise(error_number::databaseError, "Database",
+          "this store keeps no copy of a company; make one with the database's own tools");
+}
 
 void CompanyStore::createPayImportTable(bool kept) {
     define(std::string(kept ? "CREATE TABLE" : "CREATE TEMP TABLE") +

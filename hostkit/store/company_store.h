@@ -74,6 +74,11 @@ class LEDGERWICK_HOSTKIT_API CompanyStore : public Database {
     virtual void narrow(std::string_view table, std::string_view columns,
                         std::string_view condition) = 0;
 
+    // Keeps a copy of the company as it was last stored, under its own name with `mark`, and gives the
+    // copy's name. What a running transaction wrote is not in it.
+    // Errors: 3146 from a store that cannot.
+    virtual std::string keepCopy(std::string_view mark);
+
     // Runs statements of the database's own, separated by ";". They are not translated.
     virtual void exec(const std::string& script) = 0;
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "hostkit/store/store_library.h"
+#include "hostkit/store/upgrade.h"
 #include "ledgerwick/values/error.h"
 #include "ledgerwick/values/text.h"
 
@@ -68,6 +69,13 @@ bool exists(const std::string& name) {
 }
 
 std::shared_ptr<CompanyStore> open(const std::string& name, const OpenOptions& options) {
+    auto company = openOfAnyVersion(name, options);
+    requireCurrentVersion(*company);
+    return company;
+}
+
+std::shared_ptr<CompanyStore> openOfAnyVersion(const std::string& name,
+                                               const OpenOptions& options) {
     const Kind kind = kindOf(name);
     if (!kind->exists(name)) raise(error_number::fileNotFound, "Store", name);
     return kind->open(name, options);

@@ -33,12 +33,16 @@ class LEDGERWICK_HOSTKIT_API StoreKind {
 LEDGERWICK_HOSTKIT_API void registerKind(std::shared_ptr<const StoreKind> kind);
 
 // Whether there is a company of that name.
-// Errors: of this and the next three, 3146 when no store opens names of this kind.
+// Errors: of this and the next four, 3146 when no store opens names of this kind.
 LEDGERWICK_HOSTKIT_API bool exists(const std::string& name);
 // Opens a company.
-// Errors: 53 for no such company; those of the database.
+// Errors: 53 when there is none, 3274 when its tables are of another version than this kit's
+//         (upgrade.h); those of the database.
 LEDGERWICK_HOSTKIT_API std::shared_ptr<CompanyStore> open(const std::string& name,
                                                           const OpenOptions& options = {});
+// The same, whatever the version of its tables is.
+LEDGERWICK_HOSTKIT_API std::shared_ptr<CompanyStore> openOfAnyVersion(
+    const std::string& name, const OpenOptions& options = {});
 // Creates a company: every table, and no row. ":memory:" is one that lives in memory.
 // Errors: 58 when there is one of that name; those of the database, and then nothing is left.
 LEDGERWICK_HOSTKIT_API std::shared_ptr<CompanyStore> create(const std::string& name,

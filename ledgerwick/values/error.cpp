@@ -36,6 +36,7 @@ constexpr Description descriptions[] = {
     {error_number::listOutdated, "Somebody else has changed this since it was loaded"},
     {error_number::writerBusy, "Somebody else is writing, try again"},
     {error_number::noSuchItem, "No such item"},
+    {error_number::wrongVersion, "Unrecognized database format"},
     {error_number::notACompany, "Not a company"},
     {error_number::objectClosed, "Object is closed"},
 };

@@ -79,6 +79,7 @@ inline constexpr std::int32_t connectionLost = 3151;     // the database cannot 
 inline constexpr std::int32_t listOutdated = 3197;  // others changed what an operation rests on
 inline constexpr std::int32_t writerBusy = 3218;    // another connection has the right to write
 inline constexpr std::int32_t noSuchItem = 3265;    // no field or item of that name
+inline constexpr std::int32_t wrongVersion = 3274;  // a company of another version
 inline constexpr std::int32_t notACompany = 3343;   // a database without the tables of a company
 inline constexpr std::int32_t objectClosed = 3420;  // the set or table is not open
 }  // namespace error_number

@@ -8,9 +8,10 @@ _ledgerwick_options() {
 # The commands and options that may stand after a command.
 _ledgerwick_words() {
   case "$1" in
-    "") echo "new import export calendar explain employees employee rows due run fill report employment ae audit statements demo --help --version --today --csv --json --durability" ;;
+    "") echo "new import upgrade export calendar explain employees employee rows due run fill report employment ae audit statements demo --help --version --today --csv --json --durability" ;;
     "new") echo "--year $(_ledgerwick_options)" ;;
     "import") echo "$(_ledgerwick_options)" ;;
+    "upgrade") echo "$(_ledgerwick_options)" ;;
     "export") echo "$(_ledgerwick_options)" ;;
     "calendar") echo "--start-day --year --years --frequency --first-pay --pay-rule --db --svg $(_ledgerwick_options)" ;;
     "explain") echo "--frequency --pay-rule --period-rule --start-day --db $(_ledgerwick_options)" ;;

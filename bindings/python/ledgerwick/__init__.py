@@ -26,6 +26,7 @@ from .errors import (
     NotACompany,
     NotAllowed,
     NotLoaded,
+    OtherVersion,
     ReadOnly,
     UnknownEmployee,
     UnknownName,
@@ -41,6 +42,7 @@ from .session import (
     create_company,
     pay_period,
     tax_date,
+    upgrade_company,
     version,
 )
 from .tables import Row, Table
@@ -65,6 +67,7 @@ __all__ = [
     "NotACompany",
     "NotAllowed",
     "NotLoaded",
+    "OtherVersion",
     "PayPeriod",
     "ReadOnly",
     "Row",
@@ -80,5 +83,6 @@ __all__ = [
     "create_company",
     "pay_period",
     "tax_date",
+    "upgrade_company",
     "version",
 ]

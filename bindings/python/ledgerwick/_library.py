@@ -114,6 +114,7 @@ _BITS = {"i": 31, "q": 63}
 CALLS = {
     "error_row": "SQS",
     "company_create": "si",
+    "company_upgrade": "sH",
     "session_open": "sioH",
     "session_close": "h",
     "transaction_begin": "h",

@@ -96,6 +96,10 @@ class WrongThread(LedgerwickError):
     """The session belongs to another thread, or another process. Open one of your own."""
 
 
+class OtherVersion(LedgerwickError):
+    """The company is of an older or a newer release. The text says what to do."""
+
+
 class ReadOnly(LedgerwickError):
     """The company was opened to be read."""
 
@@ -122,6 +126,7 @@ _BY_NUMBER: Dict[int, Type[LedgerwickError]] = {
     3197: Changed,
     3218: Busy,
     3265: UnknownName,
+    3274: OtherVersion,
     3343: NotACompany,
     3420: Closed,
     9909: InvalidValue,

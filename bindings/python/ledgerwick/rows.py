@@ -184,6 +184,15 @@ class CountRow(Row):
     rows: int
 
 
+class UpgradeRow(Row):
+    """The versions of a company before and after an upgrade, and what keeps it as it was."""
+
+    __slots__ = ()
+    from_version: int
+    to_version: int
+    copy: str
+
+
 class FindingRow(Row):
     """A fault of a company's data."""
 

@@ -42,6 +42,7 @@ from .rows import (
     PayDateRow,
     RecipientRow,
     RunRow,
+    UpgradeRow,
 )
 from .tables import R, Row, Table, take
 from .values import (
@@ -116,6 +117,15 @@ def create_company(path: Path, tax_year: int) -> None:
     >>> ledgerwick.create_company("another.db", 2016)
     """
     call("company_create", text(fsdecode(path)), tax_year)
+
+
+def upgrade_company(path: Path) -> UpgradeRow:
+    """Brings a company of an older release up to this one, and keeps a copy of it as it was.
+
+    >>> ledgerwick.upgrade_company("company.db").copy    # of this release already
+    ''
+    """
+    return take(call("company_upgrade", text(fsdecode(path)))[0], UpgradeRow)[0]
 
 
 def tax_date(day: date) -> TaxDate:
