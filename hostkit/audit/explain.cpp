@@ -54,7 +54,7 @@ std::string sentence(const Finding& finding, const Error& error) {
     text += finding.naid != 0 ? "table " : "Table ";
     text += finding.table;
     if (!finding.key.empty()) text += ", row " + finding.key;
-    if (finding.what.find(error.Description()) == std::string::npos) text += ": " + finding.what;
+    if (finding.what != error.what()) text += ": " + finding.what;
     if (text.back() != '.') text += '.';
     return text.append(adviceMark).append(finding.kind->advice) + ".";
 }
