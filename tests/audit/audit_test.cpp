@@ -298,7 +298,9 @@ TEST(Audit, ExplainsAFailureByTheRowAndTheAdvice) {
         EXPECT_NE(told.find(each.told), std::string::npos) << told;
         EXPECT_EQ(told.find("Lee"), std::string::npos) << "no names in errors";
         EXPECT_EQ(DLLGlobal::references().g != nullptr, true);
-        if (list) EXPECT_EQ(DLLGlobal::references().EmployeeList, list);
+        if (list) {
+            EXPECT_EQ(DLLGlobal::references().EmployeeList, list);
+        }
     }
 }
 
