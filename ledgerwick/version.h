@@ -10,9 +10,13 @@
 
 #include "ledgerwick/export.h"
 
+// Major number.
 #define LEDGERWICK_VERSION_MAJOR 1
+// Minor number.
 #define LEDGERWICK_VERSION_MINOR 0
+// Patch number.
 #define LEDGERWICK_VERSION_PATCH 0
+// As text.
 #define LEDGERWICK_VERSION_TEXT "1.0.0"
 // One number that grows with the version: 10203 is 1.2.3.
 #define LEDGERWICK_VERSION \
@@ -22,6 +26,7 @@ namespace ledgerwick {
 
 // The version of the library at run time: "1.0.0". It differs from `LEDGERWICK_VERSION_TEXT` when the
 // program was built with the headers of another release.
+// The version of the library in use.
 LEDGERWICK_API std::string_view libraryVersion() noexcept;
 
 }  // namespace ledgerwick

@@ -20,12 +20,15 @@ LEDGERWICK_HOSTKIT_API std::shared_ptr<store::CompanyStore> openOrCreate(const s
 // PRPPayDate: "2025-02-30" is not a date (YYYY-MM-DD)".
 class LEDGERWICK_HOSTKIT_API BadFiles : public std::runtime_error {
   public:
+    // All faults of the files.
     explicit BadFiles(const std::vector<std::string>& faults);
 };
 
 // How many rows went in or out of a table.
 struct TableCount {
+    // The table.
     std::string table;
+    // How many rows.
     std::size_t rows;
 };
 

@@ -16,7 +16,9 @@ namespace ledgerwick::exchange {
 
 // A fault in the form of a file: a quote that is never closed, say.
 struct CsvFault {
+    // Line of the file, from 1.
     std::size_t line;
+    // What is wrong.
     std::string reason;
 };
 
@@ -37,7 +39,9 @@ class LEDGERWICK_HOSTKIT_API CsvReader {
 // or a byte order mark in front, and when it is empty and alone; lines end with a line feed.
 class LEDGERWICK_HOSTKIT_API CsvWriter {
   public:
+    // Writes to `out`, which must outlive it.
     explicit CsvWriter(std::ostream& out) : out_(out) {}
+    // Writes one row.
     void row(const std::vector<std::string>& fields);
 
   private:
@@ -48,6 +52,7 @@ class LEDGERWICK_HOSTKIT_API CsvWriter {
 // "=", "+", "-", "@", "\" or a control character, and in front of one in which an apostrophe stands
 // before one of those, so that `unguarded` gives every text back exactly.
 LEDGERWICK_HOSTKIT_API std::string guarded(std::string_view text);
+// Takes the guard away.
 LEDGERWICK_HOSTKIT_API std::string unguarded(std::string_view text);
 
 }  // namespace ledgerwick::exchange

@@ -17,15 +17,22 @@
 
 namespace ledgerwick::exchange {
 
+// A field of a table.
 struct FieldLayout {
+    // Its name.
     std::string name;
+    // Its kind.
     VariantKind kind;
+    // Whether it is the key.
     bool isKey = false;
     bool isDayNumber = false;  // a date to people, kept as a whole day number
 };
 
+// A table.
 struct LEDGERWICK_HOSTKIT_API TableLayout {
+    // Its name.
     std::string name;
+    // Its fields in order.
     std::vector<FieldLayout> fields;
     // The company's settings, whose rows take the place of those that are there.
     bool isSettings = false;
@@ -42,9 +49,11 @@ LEDGERWICK_HOSTKIT_API std::vector<TableLayout> companyTables(store::CompanyStor
 
 // A field of a file read as a value: Empty stands for the table's own default.
 struct FieldReading {
+    // The value read.
     Variant value;
     std::string fault;  // what is wrong with the field; empty when it is sound
 };
+// Reads a text as the field's kind.
 LEDGERWICK_HOSTKIT_API FieldReading readField(std::string_view text, const FieldLayout& field);
 
 // The value as it stands in a file.

@@ -22,28 +22,37 @@ struct Controllers {
     std::int32_t periodRule = 0;  // "PREPED_M1", the monthly end of period
     std::int16_t startDay = 0;    // "AEPRPStartDay", the first day of a weekly reference period
 };
+// The company's controllers.
 LEDGERWICK_HOSTKIT_API Controllers controllersOf(HostSession& session);
 
 // A rule, and what it rests on.
 struct Rule {
+    // The rule in words.
     std::string_view words;
+    // Where it comes from.
     std::string_view source;
 };
 
+// Rules of the tax calendar.
 LEDGERWICK_HOSTKIT_API extern const Rule taxYearRule, payrollYearRule, taxWeekRule, taxMonthRule,
+    // Further rules.
     calculationSetRule, changeToMonthlyRule;
 
 // What there is to say of a pay frequency.
 struct FrequencyRules {
+    // The frequency.
     PR_Pay_Freq frequency;
     std::string_view periodName;  // "week"; empty for casual pay, which has no periods
     std::int32_t leftOver;        // the number of the period of the days left over, 0 if none
     Rule period;                  // which period of the tax year holds a date
     Rule reference;               // which pay reference period does
     Rule step;                    // how an expected date follows another
+    // Its code.
     std::int16_t code() const { return PR_Convert_PayFreq_to_PayPeriod(frequency); }
 };
+// All frequencies.
 LEDGERWICK_HOSTKIT_API std::span<const FrequencyRules> frequencyRules();
+// The rules of one frequency.
 LEDGERWICK_HOSTKIT_API const FrequencyRules& rulesOf(PR_Pay_Freq frequency);
 
 // "week 53", "month 12", for the period of the tax year that holds the date.

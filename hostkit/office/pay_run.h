@@ -34,6 +34,7 @@ LEDGERWICK_HOSTKIT_API bool isSelected(const cEmployee& employee, const Selectio
 
 // A regular employee whose pay falls due.
 struct DueEmployee {
+    // The employee.
     std::shared_ptr<cEmployee> employee;
     Date nextPay;              // expected pay date of the first period due
     Date periodEnd;            // its last day

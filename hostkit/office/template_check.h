@@ -17,8 +17,11 @@ namespace ledgerwick::office {
 
 // Line and column count from 1, columns in characters.
 struct TemplateFault {
+    // Line, from 1.
     std::size_t line;
+    // Column, from 1.
     std::size_t column;
+    // What is wrong.
     std::string what;
 };
 

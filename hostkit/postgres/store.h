@@ -61,7 +61,9 @@ class LEDGERWICK_POSTGRES_API PostgresStore final : public store::CompanyStore {
   protected:
     void define(const std::string& statements) override;
     bool beginTransaction() override;
+    // Stores the writes.
     void commit(bool outermost) override;
+    // Takes the writes back.
     void rollBack(bool outermost) noexcept override;
 
   private:

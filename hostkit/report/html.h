@@ -24,15 +24,18 @@ LEDGERWICK_HOSTKIT_API std::string htmlText(std::string_view text);
 // too, so that a machine can read it.
 class LEDGERWICK_HOSTKIT_API HtmlPage {
   public:
+    // Begins a page.
     HtmlPage(const std::string& title, const std::string& subtitle);
 
     // A row of figures with what they count.
     void figures(const std::vector<std::pair<std::string, std::string>>& pairs);
     // Begins a section, which the list of contents names.
     void section(const std::string& id, const std::string& heading);
+    // Adds a paragraph.
     void paragraph(const std::string& words);
     // The rows of a table, all columns; `otherwise` stands in the place of one without rows.
     void table(const Table& table, const std::string& caption, const std::string& otherwise);
+    // Adds a drawing.
     void drawing(const std::string& svg);
     // The whole page, once.
     std::string finish(const std::string& footer);

@@ -16,18 +16,26 @@ namespace ledgerwick::report {
 // Rows of values. Column names are small words joined by "_"; a table for people shows blanks.
 class LEDGERWICK_HOSTKIT_API Table {
   public:
+    // An empty table.
     Table(std::string name, std::vector<std::string> columns);
 
+    // Adds a row.
     void add(std::vector<Variant> row);
 
     // What people see of a wide or long table; programs always get all of it.
     void showColumns(std::vector<std::string> names) { shownColumns_ = std::move(names); }
+    // Shows so many rows.
     void showRows(std::size_t most) { shownRows_ = most; }
 
+    // Its name.
     const std::string& name() const noexcept { return name_; }
+    // Its columns.
     const std::vector<std::string>& columns() const noexcept { return columns_; }
+    // Its rows.
     const std::vector<std::vector<Variant>>& rows() const noexcept { return rows_; }
+    // The columns shown.
     std::vector<std::size_t> shownColumns() const;
+    // How many rows are shown.
     std::size_t shownRows() const noexcept { return std::min(shownRows_, rows_.size()); }
 
   private:

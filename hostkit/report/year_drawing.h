@@ -12,15 +12,21 @@
 
 namespace ledgerwick::report {
 
+// A marked pay date.
 struct PayMark {
+    // The date.
     Date date;
+    // Its frequency.
     PR_Pay_Freq frequency;
     bool isPaid = true;  // drawn full; one that is only expected is drawn hollow
 };
 
+// What is drawn.
 struct YearDrawing {
     int taxYear = 0;  // the calendar year in which it begins
+    // The marked dates.
     std::vector<PayMark> marks{};
+    // Today.
     std::optional<Date> today{};
     std::optional<Date> payDate{};  // of the run at hand
 };

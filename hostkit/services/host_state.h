@@ -49,6 +49,7 @@ class LEDGERWICK_HOSTKIT_API KitHostState : public HostState {
     // Errors: 5 for one that cannot stand in the name of a table.
     void g_strPCID(const std::string& pcId);
     std::string g_strProgName() override { return settings_.programName; }
+    // Changes the program's name.
     void g_strProgName(const std::string& name) { settings_.programName = name; }
     std::string strCurFormat() override;
     bool g_blnPRSchUp() override { return prSchUp_; }

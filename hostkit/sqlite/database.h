@@ -61,10 +61,13 @@ class LEDGERWICK_SQLITE_API SqliteDatabase final : public store::CompanyStore {
   protected:
     void define(const std::string& statements) override;
     bool beginTransaction() override;
+    // Stores the writes.
     void commit(bool outermost) override;
+    // Takes the writes back.
     void rollBack(bool outermost) noexcept override;
     // The file is not written in a rehearsal.
     bool beginRehearsal() override;
+    // Takes the writes back.
     void endRehearsal(bool outermost) noexcept override;
 
   private:

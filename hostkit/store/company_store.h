@@ -95,6 +95,7 @@ class LEDGERWICK_HOSTKIT_API CompanyStore : public Database {
     // the object, unless `keep` has stored it.
     class Transaction {
       public:
+        // Begins it.
         explicit Transaction(CompanyStore& store)
             : store_(store), outermost_(store.beginTransaction()) {}
         ~Transaction() {
@@ -130,10 +131,13 @@ class LEDGERWICK_HOSTKIT_API CompanyStore : public Database {
     // Begins a transaction, or a part of the one that is running, and returns whether it is the
     // outermost one.
     virtual bool beginTransaction() = 0;
+    // Stores the writes.
     virtual void commit(bool outermost) = 0;
+    // Takes the writes back.
     virtual void rollBack(bool outermost) noexcept = 0;
     // As `beginTransaction` and `rollBack`, for writes that are taken back in any case.
     virtual bool beginRehearsal() { return beginTransaction(); }
+    // Takes the writes back.
     virtual void endRehearsal(bool outermost) noexcept { rollBack(outermost); }
 
   private:

@@ -31,11 +31,13 @@ LEDGERWICK_API void fillEmployee(cEmployee& employee, Recordset& rs);
 
 // The rows of `PRPayImport`, and the open order lines.
 LEDGERWICK_API RecordsetRef openPayImport();
+// Opens the order lines.
 LEDGERWICK_API RecordsetRef openOrderLines();
 // Hangs the row on the current employment of its employee.
 // Errors: 91 for imported pay of nobody in the list, 13 when its value does not read back from the
 //         money format; those of reading a field.
 LEDGERWICK_API void takePayImport(CEmployeeList& list, Recordset& row);
+// Takes one order line in.
 LEDGERWICK_API void takeOrderLine(CEmployeeList& list, Recordset& row);
 
 }  // namespace ledgerwick::load

@@ -25,8 +25,9 @@ namespace ledgerwick {
 
 class CPayrollFunctions;
 namespace payrun {
+// Opens the periods.
 LEDGERWICK_API void openPeriods(CPayrollFunctions& payroll, std::int32_t naid, Date payDate);
-}
+}  // namespace payrun
 
 class CEmployeeList;
 class cEmployee;
