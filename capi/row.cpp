@@ -203,6 +203,7 @@ std::unique_ptr<Table> someRows(Session& session, const TableName& table, const 
     const std::string where = conditionOf(table, which);
     const std::vector<FieldOf> all = fieldsOf(session, table);
     std::vector<std::string> names;
+    names.reserve(all.size());
     for (const FieldOf& field : all) names.push_back(field.name);
     names = chosenNames(which.columns, names);
     std::vector<std::int32_t> kinds;

@@ -1,6 +1,6 @@
 // The version: of these headers for the preprocessor, and of the library that a program runs with.
 //
-//   #if LEDGERWICK_VERSION >= 10100    // 1.1.0 or later
+//   LEDGERWICK_VERSION >= 10100 holds from 1.1.0 on
 //
 // The build, the packages and the documents take the version from here; docs/compatibility.md says
 // what it promises.
@@ -26,7 +26,6 @@ namespace ledgerwick {
 
 // The version of the library at run time: "1.0.0". It differs from `LEDGERWICK_VERSION_TEXT` when the
 // program was built with the headers of another release.
-// The version of the library in use.
 LEDGERWICK_API std::string_view libraryVersion() noexcept;
 
 }  // namespace ledgerwick

@@ -19,6 +19,7 @@ constexpr std::size_t mostTold = 3;
 // The audit of the company on a list of its own.
 std::vector<Finding> auditBeside() {
     // The making of an Identify replaces the data-access object.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it is put back as it was
     const auto host = DLLGlobal::references();
     Identify identify;
     identify.SetDAO_ADO(host.DAO_ADO);

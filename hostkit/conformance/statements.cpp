@@ -13,6 +13,7 @@ using namespace field;
 #define PAYMENTS_ORDER "PRPNAID, PRPPayrollYear, PRPPYEmployCount, PRPWeekNo, PRPRTIPayDate, PRPID"
 
 constexpr std::string_view company[] = {
+    // NOLINTBEGIN(bugprone-suspicious-missing-comma)
     "INSERT INTO Customers (NAID, NASeq, NABusName, NAUserRef) VALUES (7, 'LEE', 'Mr Adam Lee', "
     "'U7')",
     "INSERT INTO Customers (NAID, NASeq, NABusName, NAUserRef) VALUES (8, 'MOS', 'Ms Eve Moss', "
@@ -45,6 +46,7 @@ constexpr std::string_view company[] = {
     "OrdStatus) VALUES (2, 7, 4, #4/12/2016#, 2000, 2, 0, 1)",
     "INSERT INTO Orders (OrdID, OrdNAID, OrdDSID, OrdActionDate, OrdQty, OrdPrice, OrdDiscount, "
     "OrdStatus) VALUES (3, 7, 4, #4/12/2016#, 1, 2, 0, 5)",
+    // NOLINTEND(bugprone-suspicious-missing-comma)
 };
 
 #define EMPLOYEES                                                                    \

@@ -34,9 +34,12 @@ struct Rule {
 };
 
 // Rules of the tax calendar.
-LEDGERWICK_HOSTKIT_API extern const Rule taxYearRule, payrollYearRule, taxWeekRule, taxMonthRule,
-    // Further rules.
-    calculationSetRule, changeToMonthlyRule;
+LEDGERWICK_HOSTKIT_API extern const Rule taxYearRule;          // of the tax year
+LEDGERWICK_HOSTKIT_API extern const Rule payrollYearRule;      // of its number
+LEDGERWICK_HOSTKIT_API extern const Rule taxWeekRule;          // of tax weeks
+LEDGERWICK_HOSTKIT_API extern const Rule taxMonthRule;         // of tax months
+LEDGERWICK_HOSTKIT_API extern const Rule calculationSetRule;   // of calculation sets
+LEDGERWICK_HOSTKIT_API extern const Rule changeToMonthlyRule;  // of a change to monthly pay
 
 // What there is to say of a pay frequency.
 struct FrequencyRules {

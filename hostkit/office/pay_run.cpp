@@ -76,7 +76,7 @@ std::vector<OpenedPeriod> periodsOf(const VariantArray& run) {
                             .period = run.at(run_array::paymentPeriod, i).toInt32()};
         const Variant& imported = run.at(run_array::importedPay, i);
         if (imported.kind() != VariantKind::Text) period.imported = imported.toCurrency();
-        periods.push_back(std::move(period));
+        periods.push_back(period);
     }
     return periods;
 }

@@ -64,6 +64,7 @@ std::vector<std::string> companiesIn(const Target& target) {
                              "ON c.relnamespace = n.oid AND c.relname = $1 ORDER BY 1",
                              "ledgerwickwriter");
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(PQntuples(found.get())));
     for (int row = 0; row < PQntuples(found.get()); ++row) {
         names.emplace_back(bytesIn(found.get(), row, 0));
     }

@@ -637,7 +637,8 @@ std::string updateSql(const Table& table, const std::vector<bool>& touched) {
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         if (!touched[i]) continue;
         const std::string& name = table.server[i].quoted;
-        assignments += (assignments.empty() ? "" : ", ") + name + " = v." + name;
+        if (!assignments.empty()) assignments += ", ";
+        assignments.append(name).append(" = v.").append(name);
         arrays += ", $" + std::to_string(++parameter);
         names += ", " + name;
     }

@@ -111,6 +111,7 @@ bool ServerRows::fetchAgain(RowKey key, rowsets::KeptRow& row) {
                           std::move(parameters));
     if (PQntuples(found.get()) == 0) return false;
     std::vector<Cell> cells;
+    cells.reserve(static_cast<std::size_t>(PQnfields(found.get())));
     for (int column = 0; column < PQnfields(found.get()); ++column) {
         cells.push_back(cellIn(found.get(), 0, column));
     }

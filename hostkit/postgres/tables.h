@@ -47,6 +47,7 @@ inline TableRef ownTable(const rowsets::TableRef& table) {
 }
 
 // The tables of a company, read when they are first asked for.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): a final class
 class Tables final : public rowsets::Catalog {
   public:
     // Runs a statement that reads, with one text parameter or none.

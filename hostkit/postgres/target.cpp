@@ -62,7 +62,7 @@ bool takeParameter(std::string& address, std::string_view keyword, std::string& 
         if (part.substr(0, equals) == keyword && equals != std::string_view::npos) {
             value = part.substr(equals + 1);
             const bool last = end == address.size();
-            address.erase(last ? at : at + 1, last ? end - at : end - at);
+            address.erase(last ? at : at + 1, end - at);
             return true;
         }
         at = end == address.size() ? std::string::npos : end;

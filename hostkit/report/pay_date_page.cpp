@@ -141,6 +141,7 @@ Table statusOf(HostSession& session, Date upTo) {
     if (result.RecordCount() == 0) return table;
     for (result.MoveFirst(); !result.Eof(); result.MoveNext()) {
         std::vector<Variant> row;
+        row.reserve(columns.size());
         for (const std::string& column : columns) row.push_back(result.Fields(column));
         table.add(std::move(row));
     }
