@@ -1,4 +1,4 @@
-// The version: of these headers for the preprocessor, and of the library that a program runs with.
+// The version of these headers for the preprocessor, and of the library that a program runs with.
 //
 //   LEDGERWICK_VERSION >= 10100 holds from 1.1.0 on
 //
@@ -24,8 +24,8 @@
 
 namespace ledgerwick {
 
-// The version of the library at run time: "1.0.0". It differs from `LEDGERWICK_VERSION_TEXT` when the
-// program was built with the headers of another release.
+// The version of the library at run time. It differs from the headers' when the program was built with
+// another release.
 LEDGERWICK_API std::string_view libraryVersion() noexcept;
 
 }  // namespace ledgerwick
