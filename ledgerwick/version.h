@@ -26,6 +26,6 @@ namespace ledgerwick {
 
 // The version of the library at run time. It differs from the headers' when the program was built with
 // another release.
-LEDGERWICK_API std::string_view libraryVersion() noexcept;
+LEDGERWICK_API std::string_view libraryVersion() noexcept;  ///< for example "1.0.0"
 
 }  // namespace ledgerwick
